@@ -1,0 +1,26 @@
+/// What happened in the phone application, in order: the source of the dumped log.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <vector>
+
+namespace phone {
+
+/// One per process; entries may come from any thread.
+class Log {
+public:
+    static Log& shared();
+
+    /// Adds {"t": animation time, "what": what, ...fields}.
+    void add(const char* what, nlohmann::ordered_json fields);
+    /// All entries so far, a JSON object a line.
+    std::string lines() const;
+    /// A copy of the entries so far.
+    std::vector<nlohmann::ordered_json> entries() const;
+    /// How many entries of this kind there are.
+    std::size_t count(const std::string& what) const;
+};
+
+} // namespace phone

@@ -1,0 +1,35 @@
+#include "phone/device/Profile.h"
+
+namespace phone {
+
+namespace {
+
+constexpr DeviceProfile devices[] = {
+    {.name = "iphone4", .width = 320, .height = 480, .model = "iPhone", .application = "older"},
+    {.name = "iphone5", .width = 320, .height = 568, .model = "iPhone", .application = "newer"},
+    {.name = "ipad", .width = 768, .height = 1024, .idiom = 1, .model = "iPad", .application = "newer"},
+    {.name = "other", .width = 320, .height = 568, .idiom = 2, .model = "iPod touch", .application = "newer"},
+};
+
+constexpr ApplicationProfile applications[] = {
+    {.name = "newer", .bundle = "com.apple.InCallService", .executable = "InCallService"},
+    {.name = "older", .bundle = "com.apple.mobilephone", .executable = "MobilePhone"},
+};
+
+template <class Profile, std::size_t N>
+std::optional<Profile> named(const Profile (&all)[N], std::string_view name) {
+    for (const Profile& one : all) {
+        if (one.name == name) {
+            return one;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<DeviceProfile> deviceNamed(std::string_view name) { return named(devices, name); }
+
+std::optional<ApplicationProfile> applicationNamed(std::string_view name) { return named(applications, name); }
+
+} // namespace phone

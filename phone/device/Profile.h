@@ -1,0 +1,33 @@
+/// The devices and phone applications that the phone can be.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace phone {
+
+/// One model of device. Sizes are in points, held upright.
+struct DeviceProfile {
+    std::string_view name;  // as the command line gives it
+    double width = 0;
+    double height = 0;
+    double scale = 2;       // pixels per point
+    long idiom = 0;         // 0 phone, 1 tablet, anything else another device
+    bool answersIdiom = true;
+    std::string_view model; // as `UIDevice` answers it
+    std::string_view application; // the phone application it runs unless told otherwise
+};
+
+/// One phone application.
+struct ApplicationProfile {
+    std::string_view name;       // "newer", "older"
+    std::string_view bundle;     // its bundle identifier
+    std::string_view executable; // the basename of its executable
+};
+
+/// nullopt for a name that is not known.
+std::optional<DeviceProfile> deviceNamed(std::string_view name);
+std::optional<ApplicationProfile> applicationNamed(std::string_view name);
+
+} // namespace phone

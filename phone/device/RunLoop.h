@@ -1,0 +1,60 @@
+/// The main thread's work: what waits for the next cycle, and what waits for a moment of the animation clock.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace phone {
+
+/// One per process. Time is the animation clock's, in seconds since the start; it moves only through
+/// `advance`, so that a flow's waits cost nothing. A person's phone calls `advance` with real time.
+class RunLoop {
+public:
+    using Work = std::function<void()>;
+    using TimerId = std::uint64_t;
+
+    static RunLoop& main();
+
+    double now() const { return _now; }
+
+    /// Runs the work at the start of the next cycle, in order. From any thread.
+    void perform(Work work);
+    /// Runs the work once, `seconds` from now on the animation clock. Main thread only.
+    TimerId after(double seconds, Work work);
+    /// Runs the work every `seconds` until cancelled; such a timer does not count as movement.
+    TimerId every(double seconds, Work work);
+    void cancel(TimerId timer);
+
+    /// Called at the end of each cycle: layout and what depends on it.
+    void setEndOfCycle(Work work) { _endOfCycle = std::move(work); }
+
+    /// Runs cycles until nothing waits for the next one. The clock stands still.
+    void drain();
+    /// Moves the clock to `now() + seconds`, stopping at every timer on the way, draining at each.
+    void advance(double seconds);
+    /// The moment of the next timer that counts as movement; negative when there is none.
+    double nextMovement() const;
+
+private:
+    struct Timer {
+        double due = 0;
+        double period = 0; // 0 for a timer that fires once
+        Work work;
+    };
+
+    void cycle();
+    TimerId add(Timer timer);
+
+    double _now = 0;
+    TimerId _lastTimer = 0;
+    std::map<TimerId, Timer> _timers;
+    std::mutex _mutex; // guards _waiting
+    std::vector<Work> _waiting;
+    Work _endOfCycle;
+};
+
+} // namespace phone

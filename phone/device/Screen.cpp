@@ -1,0 +1,27 @@
+#include "phone/device/Screen.h"
+
+namespace phone {
+
+void Screen::touch(Phase phase, double x, double y) {
+    static constexpr const char* names[] = {"began", "moved", "ended"};
+    request({{"do", "touch"}, {"phase", names[static_cast<int>(phase)]}, {"x", x}, {"y", y}});
+}
+void Screen::type(const std::string& text) { request({{"do", "type"}, {"text", text}}); }
+void Screen::key(const std::string& name) { request({{"do", "key"}, {"key", name}}); }
+void Screen::advance(double seconds) { request({{"do", "advance"}, {"seconds", seconds}}); }
+void Screen::settle() { request({{"do", "settle"}}); }
+std::string Screen::tree(bool forFinding) {
+    return request({{"do", "tree"}, {"finding", forFinding}}).at("tree").get<std::string>();
+}
+std::string Screen::log() { return request({{"do", "log"}}).at("log").get<std::string>(); }
+void Screen::screenshot(const std::string& path) { request({{"do", "screenshot"}, {"path", path}}); }
+void Screen::phoneCall(const std::string& number, const std::string& action) {
+    request({{"do", "phoneCall"}, {"number", number}, {"action", action}});
+}
+void Screen::setClock(double seconds) { request({{"do", "setClock"}, {"seconds", seconds}}); }
+void Screen::setOrientation(const std::string& name) { request({{"do", "setOrientation"}, {"orientation", name}}); }
+void Screen::setClipboard(const std::string& text) { request({{"do", "setClipboard"}, {"text", text}}); }
+void Screen::pasteText() { request({{"do", "pasteText"}}); }
+void Screen::hideKeyboard() { request({{"do", "hideKeyboard"}}); }
+
+} // namespace phone

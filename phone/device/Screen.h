@@ -1,0 +1,56 @@
+/// The running phone application as flows, tools and tests see it: one entry for touches, keys and questions.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <stdexcept>
+#include <string>
+
+namespace phone {
+
+/// The phone application refused a command, or died.
+class ScreenError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Either in this process (tests) or at the other end of a socket. Coordinates are points of the screen
+/// as the person holds the device. After each command the application has drained its main loop; the
+/// animation clock moves only by `advance` and `settle`. Every call throws ScreenError when the
+/// application has died or refuses.
+class Screen {
+public:
+    enum class Phase { Began, Moved, Ended };
+
+    virtual ~Screen() = default;
+
+    /// A finger goes down, moves or goes up. All touches enter here.
+    void touch(Phase phase, double x, double y);
+    /// Characters through the key entry, one composed character at a time.
+    void type(const std::string& text);
+    /// "enter" or "backspace".
+    void key(const std::string& name);
+    /// Moves the animation clock.
+    void advance(double seconds);
+    /// Moves the animation clock until nothing moves any more.
+    void settle();
+    /// The dumped tree. For finding, each element carries two attributes more: `visible` (true, false)
+    /// and, where a touch reaches it or something inside it, `touch` ("x y", a point that does).
+    std::string tree(bool forFinding = false);
+    std::string log();
+    /// Writes a PNG file at two pixels per point.
+    void screenshot(const std::string& path);
+    /// `action` is call, accept, hold or cancel.
+    void phoneCall(const std::string& number, const std::string& action);
+    /// Sets the wall clock; seconds since 1970, UTC.
+    void setClock(double seconds);
+    void setOrientation(const std::string& name);
+    void setClipboard(const std::string& text);
+    void pasteText();
+    void hideKeyboard();
+
+    /// Sends one command and gives the answer; the one way into the application.
+    virtual nlohmann::json request(const nlohmann::json& command) = 0;
+};
+
+} // namespace phone

@@ -1,0 +1,17 @@
+/// NSDate, as the platform documents it. Every call is safe on nil.
+#pragma once
+
+#include "platform/foundation/NSObject.h"
+
+/// In seconds.
+using NSTimeInterval = double;
+
+class NSDate : public NSObject {
+public:
+    static constexpr auto objc_name = "NSDate";
+    using NSObject::NSObject;
+    static NSDate now() { return objc::sendClass<NSDate, "date", NSDate>(); }
+
+    /// Seconds since the start of 2001, UTC.
+    NSTimeInterval sinceReferenceDate() const { return send<"timeIntervalSinceReferenceDate", NSTimeInterval>(); }
+};

@@ -1,0 +1,18 @@
+/// UIScrollView, as the platform documents it. Every call is safe on nil.
+#pragma once
+
+#include "platform/uikit/UIView.h"
+
+class UIScrollView : public UIView {
+public:
+    static constexpr auto objc_name = "UIScrollView";
+    using UIView::UIView;
+
+    CGPoint contentOffset() const { return send<"contentOffset", CGPoint>(); }
+    void setContentOffset(CGPoint offset) const { send<"setContentOffset:">(offset); }
+    CGSize contentSize() const { return send<"contentSize", CGSize>(); }
+    void setContentSize(CGSize size) const { send<"setContentSize:">(size); }
+    bool isScrollEnabled() const { return send<"isScrollEnabled", bool>(); }
+    /// Stops dragging only: code may still scroll.
+    void setScrollEnabled(bool enabled) const { send<"setScrollEnabled:">(enabled); }
+};
