@@ -50,15 +50,18 @@ struct UIEdgeInsets {
 namespace objc {
 template <>
 struct Encoding<CGPoint> {
-    static constexpr auto text = FixedString("{CGPoint=") + Encoding<CGFloat>::text + Encoding<CGFloat>::text + FixedString("}");
+    static constexpr auto text =
+        FixedString("{CGPoint=") + Encoding<CGFloat>::text + Encoding<CGFloat>::text + FixedString("}");
 };
 template <>
 struct Encoding<CGSize> {
-    static constexpr auto text = FixedString("{CGSize=") + Encoding<CGFloat>::text + Encoding<CGFloat>::text + FixedString("}");
+    static constexpr auto text =
+        FixedString("{CGSize=") + Encoding<CGFloat>::text + Encoding<CGFloat>::text + FixedString("}");
 };
 template <>
 struct Encoding<CGRect> {
-    static constexpr auto text = FixedString("{CGRect=") + Encoding<CGPoint>::text + Encoding<CGSize>::text + FixedString("}");
+    static constexpr auto text =
+        FixedString("{CGRect=") + Encoding<CGPoint>::text + Encoding<CGSize>::text + FixedString("}");
 };
 template <>
 struct Encoding<UIEdgeInsets> {

@@ -17,6 +17,7 @@ inline constexpr objc::UInt NSNotFound = ~objc::UInt(0) >> 1;
 namespace objc {
 template <>
 struct Encoding<NSRange> {
-    static constexpr auto text = FixedString("{_NSRange=") + Encoding<UInt>::text + Encoding<UInt>::text + FixedString("}");
+    static constexpr auto text =
+        FixedString("{_NSRange=") + Encoding<UInt>::text + Encoding<UInt>::text + FixedString("}");
 };
 } // namespace objc

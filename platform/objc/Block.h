@@ -26,7 +26,7 @@ public:
     constexpr Block() = default;
     constexpr Block(std::nullptr_t) {} // NOLINT: none converts
     Block(Pointer block)               // NOLINT: a literal converts
-        : _block(block == nullptr ? nullptr : static_cast<Pointer>(_Block_copy(block))) {}
+        : _block(block == nullptr ? Pointer() : (Pointer)_Block_copy((const void*)block)) {}
     Block(const Block& other) : Block(other._block) {}
     Block(Block&& other) noexcept : _block(other._block) { other._block = nullptr; }
     Block& operator=(Block other) noexcept {

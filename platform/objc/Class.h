@@ -352,6 +352,13 @@ public:
     /// A new object, made with `init`.
     static Ref make() { return objc::make<Ref>(); }
 
+    /// The same object as a handle of any class that T derives from.
+    template <Handle H>
+        requires std::convertible_to<const T&, H>
+    operator H() const { // NOLINT: a reference is its object
+        return as<H>(*this);
+    }
+
     /// The peer. Only for a reference that is not nil and whose object is not being destroyed.
     T* operator->() const { return detail::peerIn<T>(raw())->get(); }
     T& operator*() const { return *operator->(); }

@@ -116,7 +116,7 @@ template <Handle T>
 class Unretained {
 public:
     constexpr Unretained() = default;
-    constexpr Unretained(std::nullptr_t) {} // NOLINT: nil converts
+    constexpr Unretained(std::nullptr_t) {}            // NOLINT: nil converts
     Unretained(const T& object) : _id(object.raw()) {} // NOLINT: a handle converts to its back-pointer
 
     T get() const { return borrow<T>(_id); }

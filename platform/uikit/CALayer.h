@@ -1,8 +1,8 @@
 /// CALayer, as the platform documents it. Every call is safe on nil.
 #pragma once
 
-#include "platform/coregraphics/CGGeometry.h"
 #include "platform/coregraphics/CGContext.h"
+#include "platform/coregraphics/CGGeometry.h"
 #include "platform/foundation/NSObject.h"
 
 class CALayer : public NSObject {

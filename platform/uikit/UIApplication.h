@@ -1,6 +1,7 @@
 /// UIApplication, as the platform documents it. Every call is safe on nil.
 #pragma once
 
+#include "platform/uikit/UIEvent.h"
 #include "platform/uikit/UIWindow.h"
 
 /// `UIInterfaceOrientation`
@@ -27,7 +28,10 @@ public:
     void beginIgnoringInteractionEvents() const { send<"beginIgnoringInteractionEvents">(); }
     void endIgnoringInteractionEvents() const { send<"endIgnoringInteractionEvents">(); }
     bool isIgnoringInteractionEvents() const { return send<"isIgnoringInteractionEvents", bool>(); }
-    bool sendAction(SEL action, const objc::Object& target, const objc::Object& sender, const objc::Object& event) const {
+    /// Hands the event to the window of its touches.
+    void sendEvent(const UIEvent& event) const { send<"sendEvent:">(event); }
+    bool sendAction(SEL action, const objc::Object& target, const objc::Object& sender,
+                    const objc::Object& event) const {
         return send<"sendAction:to:from:forEvent:", bool>(action, target, sender, event);
     }
 };

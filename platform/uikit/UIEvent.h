@@ -18,9 +18,7 @@ public:
     UIView view() const { return send<"view", UIView>(); }
     /// In the view's points; nil means the window's.
     CGPoint locationInView(const UIView& view) const { return send<"locationInView:", CGPoint>(view); }
-    CGPoint previousLocationInView(const UIView& view) const {
-        return send<"previousLocationInView:", CGPoint>(view);
-    }
+    CGPoint previousLocationInView(const UIView& view) const { return send<"previousLocationInView:", CGPoint>(view); }
 };
 
 class UIEvent : public NSObject {

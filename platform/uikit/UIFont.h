@@ -15,6 +15,9 @@ public:
         return objc::sendClass<UIFont, "fontWithName:size:", UIFont>(name, size);
     }
 
+    /// The same face at another size.
+    UIFont withSize(CGFloat size) const { return send<"fontWithSize:", UIFont>(size); }
+
     NSString fontName() const { return send<"fontName", NSString>(); }
     CGFloat pointSize() const { return send<"pointSize", CGFloat>(); }
     CGFloat lineHeight() const { return send<"lineHeight", CGFloat>(); }

@@ -21,6 +21,8 @@ public:
 
     UIView view() const { return send<"view", UIView>(); }
     UIGestureRecognizerState state() const { return send<"state", UIGestureRecognizerState>(); }
+    /// For subclasses: what the touches so far amount to.
+    void setState(UIGestureRecognizerState state) const { send<"setState:">(state); }
     bool isEnabled() const { return send<"isEnabled", bool>(); }
     void setEnabled(bool enabled) const { send<"setEnabled:">(enabled); }
     bool cancelsTouchesInView() const { return send<"cancelsTouchesInView", bool>(); }

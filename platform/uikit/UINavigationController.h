@@ -35,4 +35,6 @@ public:
 inline UINavigationController UIViewController::navigationController() const {
     return send<"navigationController", UINavigationController>();
 }
-inline UINavigationItem UIViewController::navigationItem() const { return send<"navigationItem", UINavigationItem>(); }
+inline UINavigationItem UIViewController::navigationItem() const {
+    return send<"navigationItem", UINavigationItem>();
+}

@@ -13,13 +13,13 @@ public:
     static UIWindow withFrame(CGRect frame) { return objc::make<UIWindow, "initWithFrame:">(frame); }
 
     UIViewController rootViewController() const { return send<"rootViewController", UIViewController>(); }
-    void setRootViewController(const UIViewController& controller) const {
-        send<"setRootViewController:">(controller);
-    }
+    void setRootViewController(const UIViewController& controller) const { send<"setRootViewController:">(controller); }
     UIWindowLevel windowLevel() const { return send<"windowLevel", UIWindowLevel>(); }
     void setWindowLevel(UIWindowLevel level) const { send<"setWindowLevel:">(level); }
     bool isKeyWindow() const { return send<"isKeyWindow", bool>(); }
     void makeKeyAndVisible() const { send<"makeKeyAndVisible">(); }
 };
 
-inline UIWindow UIView::window() const { return send<"window", UIWindow>(); }
+inline UIWindow UIView::window() const {
+    return send<"window", UIWindow>();
+}

@@ -1,0 +1,98 @@
+#include "Quorvan/common/Panel.h"
+
+#include "Quorvan/common/Resources.h"
+#include "Quorvan/note/LineCreator.h"
+#include "platform/uikit/UIDevice.h"
+
+namespace quorvan {
+
+bool isTablet() {
+    const auto device = UIDevice::current();
+    return objc::responds<"userInterfaceIdiom">(device) && device.userInterfaceIdiom() == 1;
+}
+
+CGFloat hairline() {
+    return isTablet() ? 1 : 0.5;
+}
+
+UIColor grey() {
+    return UIColor::rgba(192 / 255.0, 192 / 255.0, 192 / 255.0, 1);
+}
+
+CGSize notePanelSize() {
+    return isTablet() ? CGSize{538, 250} : CGSize{panelWidth, 225};
+}
+
+UIView makePanel(CGSize size) {
+    const auto panel = UIView::withFrame({panelOrigin, size});
+    panel.setBackgroundColor(UIColor::white());
+    return panel;
+}
+
+UINavigationBar makeBar(CGFloat width) {
+    return UINavigationBar::withFrame({0, 0, width, barHeight});
+}
+
+void roundCorners(const UIView& panel) {
+    panel.layer().setCornerRadius(5);
+    panel.layer().setMasksToBounds(true);
+}
+
+void addSeparator(const UIView& panel, CGRect frame) {
+    const auto line = objc::make<objc::Ref<LineCreator>, "initWithFrame:">(frame);
+    line->setBackgroundColor(grey());
+    panel.addSubview(line);
+}
+
+UIImageView addBackdrop(const UIView& screen, CGRect frame) {
+    const auto backdrop = UIImageView::withFrame(frame);
+    backdrop.setImage(picture("bg.png"));
+    screen.addSubview(backdrop);
+    return backdrop;
+}
+
+void removeEverything(const UIView& screen) {
+    for (const auto& subview : screen.subviews()) {
+        objc::as<UIView>(subview).removeFromSuperview();
+    }
+}
+
+void fade(const UIView& panel, CGFloat alpha, void (^completion)()) {
+    UIView::animate(
+        0.3, 0, UIViewAnimationOptionAllowUserInteraction,
+        ^{
+          panel.setAlpha(alpha);
+        },
+        ^(bool) {
+          if (completion != nullptr) {
+              completion();
+          }
+        });
+}
+
+void glide(const char* name, const UIView& view, CGPoint center) {
+    UIView::beginAnimations(NSString::utf8(name));
+    UIView::setAnimationCurve(UIViewAnimationCurve::EaseIn);
+    UIView::setAnimationDuration(0.27);
+    view.setCenter(center);
+    UIView::commitAnimations();
+}
+
+UIView makeAccessory(const RowAccessory& row, const NSString& value) {
+    const auto accessory = UIView::withFrame(row.frame);
+    accessory.setBackgroundColor(UIColor::clear());
+
+    const auto label = UILabel::withFrame(row.value);
+    label.setText(value);
+    label.setTextAlignment(NSTextAlignment::Right);
+    label.setFont(UIFont::system(row.fontSize));
+    label.setTextColor(grey());
+    accessory.addSubview(label);
+
+    const auto arrow = UIImageView::withFrame(row.arrow);
+    arrow.setImage(picture("arrow.png"));
+    accessory.addSubview(arrow);
+    return accessory;
+}
+
+} // namespace quorvan

@@ -1,0 +1,55 @@
+/// The look that every screen of the library shares: a small white panel with a bar of its own, hairlines,
+/// and rows that show a value and an arrow.
+#pragma once
+
+#include "platform/uikit/UIImageView.h"
+#include "platform/uikit/UINavigationBar.h"
+#include "platform/uikit/UITextView.h"
+
+namespace quorvan {
+
+/// Whether the device says that it is a tablet. A device that cannot say is none.
+bool isTablet();
+/// The thickness of a separator: half a point, one point on a tablet.
+CGFloat hairline();
+/// Placeholders, values and separators.
+UIColor grey();
+
+/// Where a panel is made, before it is centred.
+inline constexpr CGPoint panelOrigin{15, 20.6};
+inline constexpr CGFloat barHeight = 44;
+/// What a panel without tablet geometry measures across.
+inline constexpr CGFloat panelWidth = 290;
+
+/// The panel of the note's screens: its size on this device.
+CGSize notePanelSize();
+
+/// A white panel without content.
+UIView makePanel(CGSize size);
+/// An empty bar for the top of a panel.
+UINavigationBar makeBar(CGFloat width);
+/// Rounds the panel's corners and clips its content to them.
+void roundCorners(const UIView& panel);
+/// Adds a separator to the panel.
+void addSeparator(const UIView& panel, CGRect frame);
+
+/// Adds the picture behind the panel, filling the frame.
+UIImageView addBackdrop(const UIView& screen, CGRect frame);
+/// Takes every view off the screen, before it is built again for another orientation.
+void removeEverything(const UIView& screen);
+/// Fades the view in or out; the completion runs when that is done.
+void fade(const UIView& panel, CGFloat alpha, void (^completion)());
+/// Moves the view's centre while the keyboard comes or goes.
+void glide(const char* name, const UIView& view, CGPoint center);
+
+/// The frames of a row's accessory: its container, and in it the value and the arrow.
+struct RowAccessory {
+    CGRect frame;
+    CGRect value;
+    CGRect arrow;
+    CGFloat fontSize = 14;
+};
+/// A clear view that shows the value, right-aligned and grey, and the arrow after it.
+UIView makeAccessory(const RowAccessory& row, const NSString& value);
+
+} // namespace quorvan

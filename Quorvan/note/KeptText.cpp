@@ -1,0 +1,54 @@
+#include "Quorvan/note/KeptText.h"
+
+#include "Quorvan/common/Resources.h"
+
+namespace quorvan {
+
+namespace {
+
+constexpr const char* file = "noteText.plist";
+
+// The names are crossed over by design: "Title" holds the text, "Header" the title.
+constexpr const char* textKey = "Title";
+constexpr const char* titleKey = "Header";
+
+// What the file holds, in every language, when there is nothing.
+constexpr const char* noText = "  Note";
+constexpr const char* noTitle = "Title";
+
+/// A text of the file; nil when it is missing, empty or no text.
+NSString savedText(const NSDictionary& saved, const char* key) {
+    const auto value = saved.at<NSString>(NSString::utf8(key));
+    return objc::isKind<NSString>(value) && !isEmpty(value) ? value : NSString();
+}
+
+} // namespace
+
+KeptText KeptText::read() {
+    const bool wanted = isOn(setting::keepUnsavedText);
+    const auto saved = NSDictionary::withContentsOfFile(resourcePath(file));
+    if (!wanted) {
+        return {};
+    }
+    KeptText kept{savedText(saved, textKey), savedText(saved, titleKey)};
+    if (kept.text.isEqualToString(NSString::utf8(noText)) || kept.text.isEqualToString(placeholder("Note"))) {
+        kept.text = nullptr;
+    }
+    if (kept.title.isEqualToString(NSString::utf8(noTitle))) {
+        kept.title = nullptr;
+    }
+    return kept;
+}
+
+bool KeptText::write(const NSString& text, const NSString& title) {
+    const auto saved = objc::make<NSMutableDictionary>();
+    saved.set(text, NSString::utf8(textKey));
+    saved.set(title ? title : NSString::utf8(noTitle), NSString::utf8(titleKey));
+    return saved.writeToFile(resourcePath(file), true);
+}
+
+void KeptText::reset() {
+    write(NSString::utf8(noText), nullptr);
+}
+
+} // namespace quorvan

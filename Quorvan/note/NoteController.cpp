@@ -1,0 +1,325 @@
+#include "Quorvan/note/NoteController.h"
+
+#include "Quorvan/common/Panel.h"
+#include "Quorvan/common/Resources.h"
+#include "Quorvan/common/ScreenState.h"
+#include "Quorvan/note/KeptText.h"
+#include "Quorvan/note/NoteAccountController.h"
+#include "platform/foundation/NSNotification.h"
+#include "platform/foundation/NSNumber.h"
+#include "platform/uikit/UIKeyboard.h"
+
+namespace quorvan {
+
+namespace {
+
+constexpr const char* panelMove = "noteView";
+constexpr const char* fieldMove = "theBox";
+
+constexpr CGFloat titleTop = 10.8125; // below the bar and its line
+constexpr CGFloat titleHeight = 23.625;
+constexpr CGFloat titleBottom = 79.4375; // where the line under the title lies, but for a line's thickness
+
+/// What a screen allows for the keyboard, in points.
+CGFloat keyboardAllowance() {
+    return isTablet() ? 352 : 216;
+}
+
+UIInterfaceOrientation orientation() {
+    return UIApplication::shared().statusBarOrientation();
+}
+
+bool isTabletHeldUpright() {
+    return isTablet() && orientation() == UIInterfaceOrientation::Portrait;
+}
+
+/// How high the text is on a panel without a title field.
+CGFloat textHeight() {
+    return notePanelSize().height - 87 - hairline();
+}
+
+} // namespace
+
+void NoteController::define(objc::ClassTable<NoteController>& c) {
+    c.init<"initWithNibName:bundle:", &NoteController::initWithNibName>()
+        .overrides<"viewDidLoad", &NoteController::viewDidLoad>()
+        .overrides<"viewWillAppear:", &NoteController::viewWillAppear>()
+        .overrides<"viewDidAppear:", &NoteController::viewDidAppear>()
+        .overrides<"didReceiveMemoryWarning", &NoteController::didReceiveMemoryWarning>()
+        .get<"activity", &NoteController::_activity>()
+        .set<"setActivity:", &NoteController::_activity>()
+
+        .def<"repeatedCreations", &NoteController::repeatedCreations>()
+        .def<"createNote", &NoteController::createNote>()
+        .def<"registerForKeyboardNotifications", &NoteController::registerForKeyboardNotifications>()
+        .action<"keyboardWasShown:", &NoteController::keyboardWasShown>()
+
+        .conforms("UITextViewDelegate")
+        .def<"textViewDidBeginEditing:", &NoteController::textViewDidBeginEditing>()
+        .def<"textViewDidEndEditing:", &NoteController::textViewDidEndEditing>()
+        .def<"textView:shouldChangeTextInRange:replacementText:", &NoteController::shouldChangeText>()
+        .conforms("UITextFieldDelegate")
+        .def<"textFieldShouldBeginEditing:", &NoteController::textFieldShouldBeginEditing>()
+        .def<"textFieldShouldReturn:", &NoteController::textFieldShouldReturn>()
+
+        .conforms("UITableViewDataSource")
+        .def<"numberOfSectionsInTableView:", &NoteController::numberOfSections>()
+        .def<"tableView:numberOfRowsInSection:", &NoteController::numberOfRows>()
+        .def<"tableView:cellForRowAtIndexPath:", &NoteController::cellForRow>()
+        .conforms("UITableViewDelegate")
+        .def<"tableView:didSelectRowAtIndexPath:", &NoteController::didSelectRow>()
+
+        .overrides<"shouldAutorotateToInterfaceOrientation:", &NoteController::shouldAutorotate>()
+        .overrides<"willRotateToInterfaceOrientation:duration:", &NoteController::willRotate>()
+        .overrides<"didRotateFromInterfaceOrientation:", &NoteController::didRotate>()
+
+        .action<"done:", &NoteController::done>()
+        .action<"cancel:", &NoteController::cancel>();
+}
+
+void NoteController::initWithNibName(const NSString& nib, const NSObject& bundle) {
+    super<"initWithNibName:bundle:">(nib, bundle);
+}
+
+void NoteController::viewDidLoad() {
+    super<"viewDidLoad">();
+    nAccount = localized("Default");
+    const KeptText kept = KeptText::read();
+    titleOut = kept.title ? kept.title : localized("Title");
+    noteOut = kept.text ? kept.text : placeholder("Note");
+    repeatedCreations();
+}
+
+void NoteController::viewWillAppear(bool animated) {
+    super<"viewWillAppear:">(animated);
+    if (note) {
+        noteOut = note.text();
+    }
+    if (titleField) {
+        titleOut = titleField.text();
+    }
+    hideEverything(); // the old views stay, hidden, beneath the new ones
+    repeatedCreations();
+}
+
+void NoteController::viewDidAppear(bool animated) {
+    super<"viewDidAppear:">(animated);
+    if (isOn(setting::focusAtOnce)) {
+        note.becomeFirstResponder();
+    }
+}
+
+void NoteController::didReceiveMemoryWarning() {
+    super<"didReceiveMemoryWarning">();
+}
+
+void NoteController::repeatedCreations() {
+    addBackdrop(view(), view().bounds());
+    setTitle("Note"_ns);
+    navigationController().setNavigationBarHidden(true, false);
+
+    noteView = createNote();
+    noteView->setCenter(view().center());
+    noteView->setAlpha(0);
+    view().addSubview(noteView);
+    fade(noteView, 1, nullptr);
+}
+
+UIView NoteController::createNote() {
+    const CGFloat line = hairline();
+    const CGFloat width = notePanelSize().width;
+    const auto panel = makePanel(notePanelSize());
+
+    const auto bar = makeBar(width);
+    const auto cancelItem = UIBarButtonItem::withTitle(localized("Cancel"), 1, *this, objc::selector<"cancel:">());
+    const auto doneItem = UIBarButtonItem::withTitle(localized("Done"), 1, *this, objc::selector<"done:">());
+    navigItem = UINavigationItem::withTitle(localized("Note"));
+    navigItem->setRightBarButtonItem(doneItem);
+    navigItem->setLeftBarButtonItem(cancelItem);
+    bar.setItems(NSArray::of(navigItem.get()));
+    panel.addSubview(bar);
+
+    note = UITextView::make();
+    if (isOn(setting::separateTitle)) {
+        // With a title the text reaches below the top of the account row, which lies above it by design.
+        note.setFrame({0, 2 * line + titleBottom, width, textHeight()});
+        addTitle(panel);
+    } else {
+        note.setFrame({0, line + barHeight, width, textHeight()});
+        titleField = nullptr;
+    }
+    addText(panel);
+
+    accountName = UITableView::withFrame({0, textHeight() + barHeight, width, line + 43}, UITableViewStyle::Plain);
+    accountName->setDelegate(*this);
+    accountName->setDataSource(*this);
+    panel.addSubview(accountName);
+    accountName->setScrollEnabled(false);
+
+    addSeparator(panel, {0, (barHeight - line) + textHeight(), width, line});
+    addSeparator(panel, {0, barHeight, width, line});
+    roundCorners(panel);
+    return panel;
+}
+
+void NoteController::addTitle(const UIView& panel) {
+    const CGFloat line = hairline();
+    const CGFloat width = notePanelSize().width;
+    titleField = UITextField::withFrame({15, line + barHeight + titleTop, width - 15, titleHeight});
+    titleField.setPlaceholder(localized("Title"));
+    titleField.setDelegate(*this);
+    titleField.setReturnKeyType(UIReturnKeyType::Done);
+    if (titleOut && !titleOut->isEqualToString(localized("Title"))) {
+        titleField.setText(titleOut);
+    }
+    addSeparator(panel, {14, line + titleBottom, width - 14, line});
+    panel.addSubview(titleField);
+}
+
+void NoteController::addText(const UIView& panel) {
+    note.setDelegate(*this);
+    note.setReturnKeyType(UIReturnKeyType::Default);
+    note.setFont(UIFont::system(17));
+    if (noteOut) {
+        note.setText(noteOut);
+        if (noteOut->isEqualToString(placeholder("Note"))) {
+            note.setTextColor(grey());
+        }
+    }
+    panel.addSubview(note);
+}
+
+void NoteController::registerForKeyboardNotifications() {
+    NSNotificationCenter::defaultCenter().addObserver(*this, objc::selector<"keyboardWasShown:">(),
+                                                      objc::borrow<NSString>(UIKeyboardDidShowNotification), nullptr);
+}
+
+void NoteController::keyboardWasShown(const objc::Object& notification) {
+    if (isTablet()) {
+        return;
+    }
+    const auto frame = objc::as<NSNotification>(notification)
+                           .userInfo()
+                           .at<NSValue>(objc::borrow<NSString>(UIKeyboardFrameBeginUserInfoKey))
+                           .CGRectValue();
+    glide(panelMove, noteView, centerAboveKeyboard(frame.size.height));
+}
+
+void NoteController::textViewDidBeginEditing(const UITextView& textView) {
+    if (!isTabletHeldUpright()) {
+        glide(panelMove, noteView, centerAboveKeyboard(keyboardAllowance()));
+    }
+    textView.setDelegate(*this);
+    if (textView.text().isEqualToString(placeholder("Note"))) {
+        textView.setText(""_ns);
+        textView.setTextColor(UIColor::black());
+    }
+    textView.becomeFirstResponder();
+}
+
+void NoteController::textViewDidEndEditing(const UITextView& textView) {
+    textView.setDelegate(*this);
+    if (isEmpty(textView.text())) {
+        textView.setText(placeholder("Note"));
+        textView.setTextColor(grey());
+    }
+    if (isTablet() && !isTabletHeldUpright()) {
+        glide(panelMove, noteView, view().center());
+    }
+    textView.resignFirstResponder();
+}
+
+bool NoteController::shouldChangeText(const UITextView&, NSRange, const NSString&) {
+    return true;
+}
+
+bool NoteController::textFieldShouldBeginEditing(const UITextField& field) {
+    const UIView panel = field.superview();
+    if (isTablet()) {
+        const CGPoint now = panel.frame().origin;
+        UIView::beginAnimations(NSString::utf8(fieldMove));
+        UIView::setAnimationCurve(UIViewAnimationCurve::EaseIn);
+        UIView::setAnimationDuration(0.27);
+        panel.setFrame({{now.x, isTabletHeldUpright() ? now.y : panelOrigin.y}, notePanelSize()});
+        UIView::commitAnimations();
+    } else {
+        glide(panelMove, noteView, centerAboveKeyboard(keyboardAllowance()));
+    }
+    return true;
+}
+
+bool NoteController::textFieldShouldReturn(const UITextField& field) {
+    glide(fieldMove, field.superview(), view().center());
+    field.resignFirstResponder();
+    return true;
+}
+
+objc::Int NoteController::numberOfSections(const UITableView&) {
+    return 1;
+}
+
+objc::Int NoteController::numberOfRows(const UITableView&, objc::Int) {
+    return 1;
+}
+
+UITableViewCell NoteController::cellForRow(const UITableView& table, const NSIndexPath&) {
+    const auto identifier = "Cell"_ns;
+    auto cell = table.dequeue(identifier);
+    if (!cell) {
+        cell = UITableViewCell::with(0, identifier);
+    }
+    cell.textLabel().setText(localized("Account"));
+    cell.setAccessoryView(makeAccessory(
+        {.frame = {103, 0, 150, 28}, .value = {0, 5, 139.5, 17}, .arrow = {141.5, 8.5, 7, 10.5}}, nAccount));
+    return cell;
+}
+
+void NoteController::didSelectRow(const UITableView&, const NSIndexPath& path) {
+    keepTexts();
+    accountName->cellForRow(path).setSelected(false, true);
+    const auto chooser = objc::Ref<NoteAccountController>::make();
+    hideEverything();
+    note.resignFirstResponder();
+    titleField.resignFirstResponder();
+    navigationController().push(chooser, true);
+}
+
+bool NoteController::shouldAutorotate(UIInterfaceOrientation) {
+    return isTablet();
+}
+
+void NoteController::willRotate(UIInterfaceOrientation, double) {
+    if (!isTablet()) {
+        return;
+    }
+    note.resignFirstResponder();
+    titleField.resignFirstResponder();
+    keepTexts();
+    removeEverything(view());
+}
+
+void NoteController::didRotate(UIInterfaceOrientation) {
+    if (!isTablet()) {
+        return;
+    }
+    keepTexts();
+    repeatedCreations();
+}
+
+void NoteController::keepTexts() {
+    noteOut = note.text();
+    titleOut = titleField.text();
+}
+
+void NoteController::hideEverything() {
+    for (const auto& subview : view().subviews()) {
+        objc::as<UIView>(subview).setHidden(true);
+    }
+}
+
+CGPoint NoteController::centerAboveKeyboard(CGFloat keyboardHeight) {
+    const CGRect frame = view().frame();
+    return CGRect(frame.origin, {frame.size.width, frame.size.height - keyboardHeight}).center();
+}
+
+} // namespace quorvan

@@ -1,0 +1,81 @@
+// How a note ends: Done writes it into the Notes store, Cancel may keep its text for the next time.
+
+#include "Quorvan/common/Panel.h"
+#include "Quorvan/common/Resources.h"
+#include "Quorvan/common/ScreenState.h"
+#include "Quorvan/note/KeptText.h"
+#include "Quorvan/note/NoteController.h"
+#include "platform/notes/NoteContext.h"
+
+namespace quorvan {
+
+namespace {
+
+NSString firstLine(const NSString& text) {
+    const NSRange lineBreak = text.rangeOfString("\n"_ns);
+    return lineBreak.location == NSNotFound ? text : text.substringToIndex(lineBreak.location);
+}
+
+} // namespace
+
+void NoteController::done(const objc::Object&) {
+    const auto context = NoteContext::make();
+    const NSArray stores = context.allStores();
+    context.enableChangeLogging(true);
+    const auto managed = context.managedObjectContext();
+    const auto defaultStore = context.defaultStoreForNewNote();
+    const bool separateTitle = isOn(setting::separateTitle);
+    const auto store = storeNum >= 0 ? stores.at<NoteStoreObject>(static_cast<objc::UInt>(storeNum)) : defaultStore;
+
+    // Made before it is known whether there is anything to save: of an empty note they stay unsaved.
+    const auto newNote = NSEntityDescription::insertNew<NoteObject>("Note"_ns, managed);
+    const auto body = NSEntityDescription::insertNew<NoteBodyObject>("NoteBody"_ns, managed);
+    const NSString text = note.text();
+    newNote.setIsPlainText(true);
+    newNote.setContent(text);
+    body.setContent(text);
+    body.setOwner(newNote);
+    newNote.setStore(store);
+    newNote.setIntegerId(context.nextIndex());
+
+    if (!isEmpty(text) && !text.isEqualToString(placeholder("Note"))) {
+        const NSString title = titleField.text();
+        if (separateTitle && !isEmpty(title)) {
+            const auto content = title.stringByAppendingString("\n"_ns).stringByAppendingString(text);
+            newNote.setTitle(title);
+            body.setContent(content);
+            newNote.setIsPlainText(true);
+            newNote.setContent(content);
+        } else {
+            newNote.setTitle(firstLine(text));
+        }
+        newNote.setSummary(text);
+        newNote.setBody(body);
+        newNote.setCreationDate(NSDate::now());
+        newNote.setModificationDate(NSDate::now());
+        context.saveOutsideApp(nullptr);
+        KeptText::reset();
+    }
+    finish();
+}
+
+void NoteController::cancel(const objc::Object&) {
+    if (isOn(setting::keepUnsavedText)) {
+        const NSString title = titleField.text();
+        const bool keepsTitle =
+            isOn(setting::separateTitle) && !isEmpty(title) && !title.isEqualToString(localized("Title"));
+        // Written twice in a row, by design.
+        KeptText::write(note.text(), keepsTitle ? title : NSString());
+        KeptText::write(note.text(), keepsTitle ? title : NSString());
+    }
+    finish();
+}
+
+void NoteController::finish() {
+    const UIActivity activity = _activity;
+    fade(noteView, 0, ^{
+      activity.activityDidFinish(true);
+    });
+}
+
+} // namespace quorvan
