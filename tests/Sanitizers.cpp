@@ -3,13 +3,9 @@
 
 extern "C" {
 
-__attribute__((used)) const char* __asan_default_options() {
-    return "abort_on_error=1:detect_leaks=1";
-}
+__attribute__((used)) const char* __asan_default_options() { return "abort_on_error=1:detect_leaks=1"; }
 
-__attribute__((used)) const char* __ubsan_default_options() {
-    return "abort_on_error=1:print_stacktrace=1";
-}
+__attribute__((used)) const char* __ubsan_default_options() { return "abort_on_error=1:print_stacktrace=1"; }
 
 __attribute__((used)) const char* __lsan_default_suppressions() {
     return "leak:libobjc\n"
@@ -17,7 +13,5 @@ __attribute__((used)) const char* __lsan_default_suppressions() {
            "leak:libfontconfig\n";
 }
 
-__attribute__((used)) const char* __lsan_default_options() {
-    return "print_suppressions=0";
-}
+__attribute__((used)) const char* __lsan_default_options() { return "print_suppressions=0"; }
 }

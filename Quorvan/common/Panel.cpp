@@ -11,17 +11,11 @@ bool isTablet() {
     return objc::responds<"userInterfaceIdiom">(device) && device.userInterfaceIdiom() == 1;
 }
 
-CGFloat hairline() {
-    return isTablet() ? 1 : 0.5;
-}
+CGFloat hairline() { return isTablet() ? 1 : 0.5; }
 
-UIColor grey() {
-    return UIColor::rgba(192 / 255.0, 192 / 255.0, 192 / 255.0, 1);
-}
+UIColor grey() { return UIColor::rgba(192 / 255.0, 192 / 255.0, 192 / 255.0, 1); }
 
-CGSize notePanelSize() {
-    return isTablet() ? CGSize{538, 250} : CGSize{panelWidth, 225};
-}
+CGSize notePanelSize() { return isTablet() ? CGSize{538, 250} : CGSize{panelWidth, 225}; }
 
 UIView makePanel(CGSize size) {
     const auto panel = UIView::withFrame({panelOrigin, size});
@@ -29,9 +23,7 @@ UIView makePanel(CGSize size) {
     return panel;
 }
 
-UINavigationBar makeBar(CGFloat width) {
-    return UINavigationBar::withFrame({0, 0, width, barHeight});
-}
+UINavigationBar makeBar(CGFloat width) { return UINavigationBar::withFrame({0, 0, width, barHeight}); }
 
 void roundCorners(const UIView& panel) {
     panel.layer().setCornerRadius(5);

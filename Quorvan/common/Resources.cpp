@@ -12,9 +12,7 @@ constexpr const char* preferencesDirectory = "/var/mobile/Library/Preferences";
 constexpr const char* preferencesFile = "Mirelda.Quorvan.plist";
 } // namespace
 
-NSString localized(const char* key) {
-    return localized(NSString::utf8(key));
-}
+NSString localized(const char* key) { return localized(NSString::utf8(key)); }
 
 NSString localized(const NSString& key) {
     const auto bundle = NSBundle::withPath(NSString::utf8(translations));
@@ -22,17 +20,13 @@ NSString localized(const NSString& key) {
     return word ? word : key; // no bundle answers nil
 }
 
-NSString placeholder(const char* key) {
-    return "  "_ns.stringByAppendingString(localized(key));
-}
+NSString placeholder(const char* key) { return "  "_ns.stringByAppendingString(localized(key)); }
 
 NSString resourcePath(const char* name) {
     return NSString::utf8(directory).stringByAppendingPathComponent(NSString::utf8(name));
 }
 
-UIImage picture(const char* name) {
-    return UIImage::withContentsOfFile(resourcePath(name));
-}
+UIImage picture(const char* name) { return UIImage::withContentsOfFile(resourcePath(name)); }
 
 bool isOn(const char* setting) {
     const NSString path =

@@ -32,8 +32,6 @@ inline constexpr const char* separateTitle = "SwitchCell3";   // a note has a ti
 bool isOn(const char* setting);
 
 /// Whether there is no text: nil or "".
-inline bool isEmpty(const NSString& text) {
-    return text.length() == 0;
-}
+inline bool isEmpty(const NSString& text) { return text.length() == 0; }
 
 } // namespace quorvan

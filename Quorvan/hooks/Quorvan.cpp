@@ -40,12 +40,8 @@ void olderScreenLoaded(id self, SEL selector) {
 }
 
 // Hooked although they add nothing.
-void olderScreenLoadsView(id self, SEL selector) {
-    olderLoadView(self, selector);
-}
-void olderScreenAppeared(id self, SEL selector, objc::UInt animated) {
-    olderDidAppear(self, selector, animated);
-}
+void olderScreenLoadsView(id self, SEL selector) { olderLoadView(self, selector); }
+void olderScreenAppeared(id self, SEL selector, objc::UInt animated) { olderDidAppear(self, selector, animated); }
 
 NSArray excludedTypes() {
     const id types[] = {

@@ -47,8 +47,6 @@ bool KeptText::write(const NSString& text, const NSString& title) {
     return saved.writeToFile(resourcePath(file), true);
 }
 
-void KeptText::reset() {
-    write(NSString::utf8(noText), nullptr);
-}
+void KeptText::reset() { write(NSString::utf8(noText), nullptr); }
 
 } // namespace quorvan

@@ -8,9 +8,7 @@ void LineCreator::define(objc::ClassTable<LineCreator>& c) {
     c.init<"initWithFrame:", &LineCreator::initWithFrame>().overrides<"drawRect:", &LineCreator::drawRect>();
 }
 
-void LineCreator::initWithFrame(CGRect frame) {
-    super<"initWithFrame:">(frame);
-}
+void LineCreator::initWithFrame(CGRect frame) { super<"initWithFrame:">(frame); }
 
 void LineCreator::drawRect(CGRect rect) {
     super<"drawRect:">(rect);

@@ -73,9 +73,7 @@ void NoteAccountController::viewDidLoad() {
     view().addSubview(panel);
 }
 
-void NoteAccountController::didReceiveMemoryWarning() {
-    super<"didReceiveMemoryWarning">();
-}
+void NoteAccountController::didReceiveMemoryWarning() { super<"didReceiveMemoryWarning">(); }
 
 UIView NoteAccountController::createNote() {
     const CGSize size = notePanelSize();
@@ -90,9 +88,7 @@ UIView NoteAccountController::createNote() {
     return frame.finish(line);
 }
 
-objc::Int NoteAccountController::numberOfSections(const UITableView&) {
-    return 1;
-}
+objc::Int NoteAccountController::numberOfSections(const UITableView&) { return 1; }
 
 objc::Int NoteAccountController::numberOfRows(const UITableView&, objc::Int) {
     return static_cast<objc::Int>(NoteContext::make().allStores().count());
@@ -128,9 +124,7 @@ void NoteAccountController::back(const objc::Object&) {
     accountName->reloadData();
 }
 
-bool NoteAccountController::shouldAutorotate(UIInterfaceOrientation) {
-    return isTablet();
-}
+bool NoteAccountController::shouldAutorotate(UIInterfaceOrientation) { return isTablet(); }
 
 void NoteAccountController::willRotate(UIInterfaceOrientation, double) {
     if (isTablet()) {

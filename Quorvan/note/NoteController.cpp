@@ -21,22 +21,14 @@ constexpr CGFloat titleHeight = 23.625;
 constexpr CGFloat titleBottom = 79.4375; // where the line under the title lies, but for a line's thickness
 
 /// What a screen allows for the keyboard, in points.
-CGFloat keyboardAllowance() {
-    return isTablet() ? 352 : 216;
-}
+CGFloat keyboardAllowance() { return isTablet() ? 352 : 216; }
 
-UIInterfaceOrientation orientation() {
-    return UIApplication::shared().statusBarOrientation();
-}
+UIInterfaceOrientation orientation() { return UIApplication::shared().statusBarOrientation(); }
 
-bool isTabletHeldUpright() {
-    return isTablet() && orientation() == UIInterfaceOrientation::Portrait;
-}
+bool isTabletHeldUpright() { return isTablet() && orientation() == UIInterfaceOrientation::Portrait; }
 
 /// How high the text is on a panel without a title field.
-CGFloat textHeight() {
-    return notePanelSize().height - 87 - hairline();
-}
+CGFloat textHeight() { return notePanelSize().height - 87 - hairline(); }
 
 } // namespace
 
@@ -109,9 +101,7 @@ void NoteController::viewDidAppear(bool animated) {
     }
 }
 
-void NoteController::didReceiveMemoryWarning() {
-    super<"didReceiveMemoryWarning">();
-}
+void NoteController::didReceiveMemoryWarning() { super<"didReceiveMemoryWarning">(); }
 
 void NoteController::repeatedCreations() {
     addBackdrop(view(), view().bounds());
@@ -229,9 +219,7 @@ void NoteController::textViewDidEndEditing(const UITextView& textView) {
     textView.resignFirstResponder();
 }
 
-bool NoteController::shouldChangeText(const UITextView&, NSRange, const NSString&) {
-    return true;
-}
+bool NoteController::shouldChangeText(const UITextView&, NSRange, const NSString&) { return true; }
 
 bool NoteController::textFieldShouldBeginEditing(const UITextField& field) {
     const UIView panel = field.superview();
@@ -254,13 +242,9 @@ bool NoteController::textFieldShouldReturn(const UITextField& field) {
     return true;
 }
 
-objc::Int NoteController::numberOfSections(const UITableView&) {
-    return 1;
-}
+objc::Int NoteController::numberOfSections(const UITableView&) { return 1; }
 
-objc::Int NoteController::numberOfRows(const UITableView&, objc::Int) {
-    return 1;
-}
+objc::Int NoteController::numberOfRows(const UITableView&, objc::Int) { return 1; }
 
 UITableViewCell NoteController::cellForRow(const UITableView& table, const NSIndexPath&) {
     const auto identifier = "Cell"_ns;
@@ -284,9 +268,7 @@ void NoteController::didSelectRow(const UITableView&, const NSIndexPath& path) {
     navigationController().push(chooser, true);
 }
 
-bool NoteController::shouldAutorotate(UIInterfaceOrientation) {
-    return isTablet();
-}
+bool NoteController::shouldAutorotate(UIInterfaceOrientation) { return isTablet(); }
 
 void NoteController::willRotate(UIInterfaceOrientation, double) {
     if (!isTablet()) {

@@ -9,13 +9,13 @@ namespace phone {
 
 /// One model of device. Sizes are in points, held upright.
 struct DeviceProfile {
-    std::string_view name;  // as the command line gives it
+    std::string_view name; // as the command line gives it
     double width = 0;
     double height = 0;
-    double scale = 2;       // pixels per point
-    long idiom = 0;         // 0 phone, 1 tablet, anything else another device
+    double scale = 2; // pixels per point
+    long idiom = 0;   // 0 phone, 1 tablet, anything else another device
     bool answersIdiom = true;
-    std::string_view model; // as `UIDevice` answers it
+    std::string_view model;       // as `UIDevice` answers it
     std::string_view application; // the phone application it runs unless told otherwise
 };
 

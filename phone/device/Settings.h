@@ -10,11 +10,11 @@ namespace phone {
 struct Settings {
     DeviceProfile device;
     ApplicationProfile application;
-    std::string root;             // the root folder; a path of the host
-    std::string language = "en";  // a language tag
-    std::string zone = "UTC";     // a name of the time zone database
-    double now = 0;               // the wall clock: seconds since 1970, UTC
-    bool clockRuns = false;       // whether the wall clock moves by itself (a person's phone)
+    std::string root;            // the root folder; a path of the host
+    std::string language = "en"; // a language tag
+    std::string zone = "UTC";    // a name of the time zone database
+    double now = 0;              // the wall clock: seconds since 1970, UTC
+    bool clockRuns = false;      // whether the wall clock moves by itself (a person's phone)
 };
 
 /// The settings of the phone application in this process. Set once, before the first class is used.

@@ -36,11 +36,7 @@ public:
     }
 };
 
-inline NSString NSObject::description() const {
-    return send<"description", NSString>();
-}
+inline NSString NSObject::description() const { return send<"description", NSString>(); }
 
 /// A text written in the source.
-inline NSString operator""_ns(const char* text, std::size_t) {
-    return NSString::utf8(text);
-}
+inline NSString operator""_ns(const char* text, std::size_t) { return NSString::utf8(text); }

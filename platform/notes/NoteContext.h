@@ -55,9 +55,7 @@ public:
     void setModificationDate(const NSDate& date) const { send<"setModificationDate:">(date); }
 };
 
-inline void NoteBodyObject::setOwner(const NoteObject& note) const {
-    send<"setOwner:">(note);
-}
+inline void NoteBodyObject::setOwner(const NoteObject& note) const { send<"setOwner:">(note); }
 
 /// Where inserted objects live until they are saved.
 class NSManagedObjectContext : public NSObject {

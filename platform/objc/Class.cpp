@@ -6,9 +6,7 @@ namespace {
 constinit PeerClass* newest = nullptr;
 }
 
-PeerClass* peerClasses() {
-    return newest;
-}
+PeerClass* peerClasses() { return newest; }
 
 namespace detail {
 
@@ -36,9 +34,7 @@ void registerClass(PeerClass& peer) {
     peer.offset = ivar_getOffset(class_getInstanceVariable(peer.cls, peer.name));
 }
 
-void addMethod(Class cls, SEL selector, IMP imp, const char* types) {
-    class_addMethod(cls, selector, imp, types);
-}
+void addMethod(Class cls, SEL selector, IMP imp, const char* types) { class_addMethod(cls, selector, imp, types); }
 
 void checkOverride([[maybe_unused]] Class cls, [[maybe_unused]] SEL selector, [[maybe_unused]] const char* types) {
 #ifndef NDEBUG

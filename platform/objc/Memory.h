@@ -21,7 +21,5 @@ struct Here {};
 
 } // namespace objc
 
-inline void* operator new(std::size_t, void* at, objc::Here) noexcept {
-    return at;
-}
+inline void* operator new(std::size_t, void* at, objc::Here) noexcept { return at; }
 inline void operator delete(void*, void*, objc::Here) noexcept {}

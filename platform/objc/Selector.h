@@ -84,8 +84,6 @@ SEL selector() {
 }
 
 /// Whether two selectors name the same message. On some runtimes one name has several selectors.
-inline bool same(SEL a, SEL b) {
-    return a == b || (a != nullptr && b != nullptr && sel_isEqual(a, b));
-}
+inline bool same(SEL a, SEL b) { return a == b || (a != nullptr && b != nullptr && sel_isEqual(a, b)); }
 
 } // namespace objc

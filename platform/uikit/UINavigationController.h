@@ -35,6 +35,4 @@ public:
 inline UINavigationController UIViewController::navigationController() const {
     return send<"navigationController", UINavigationController>();
 }
-inline UINavigationItem UIViewController::navigationItem() const {
-    return send<"navigationItem", UINavigationItem>();
-}
+inline UINavigationItem UIViewController::navigationItem() const { return send<"navigationItem", UINavigationItem>(); }

@@ -20,6 +20,4 @@ public:
     void makeKeyAndVisible() const { send<"makeKeyAndVisible">(); }
 };
 
-inline UIWindow UIView::window() const {
-    return send<"window", UIWindow>();
-}
+inline UIWindow UIView::window() const { return send<"window", UIWindow>(); }
