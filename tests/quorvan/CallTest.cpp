@@ -1,0 +1,105 @@
+#include "tests/quorvan/CallTest.h"
+
+#include <map>
+
+namespace {
+
+std::string plist(const std::string& body) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n" + body +
+           "</dict>\n</plist>\n";
+}
+
+} // namespace
+
+void CallTest::start(const Start& with) {
+    useDevice(with.device);
+    useApplication(with.app);
+    useLanguage(with.language);
+    _german = with.language.starts_with("de");
+    _started = true;
+    boot();
+}
+
+void CallTest::startCall() {
+    call("+49 30 1234567");
+    touchAndWait(_german ? "Annehmen" : "Accept");
+}
+
+void CallTest::openSheet() {
+    tap(160, 50);
+    settle();
+}
+
+void CallTest::openNote() { touchAndWait(_german ? "Notiz" : "Note"); }
+
+void CallTest::startNote() {
+    startCall();
+    openSheet();
+    openNote();
+}
+
+void CallTest::touchAndWait(const pugi::xml_node& element) {
+    tapOn(element);
+    settle();
+}
+
+void CallTest::touchAndWait(const std::string& text) {
+    tapOn(text);
+    settle();
+}
+
+void CallTest::typeNote(const std::string& text) {
+    touchAndWait(noteText());
+    type(text);
+}
+
+void CallTest::typeTitle(const std::string& title) {
+    touchAndWait(titleField());
+    type(title);
+}
+
+void CallTest::done() { touchAndWait(_german ? "Fertig" : "Done"); }
+
+void CallTest::cancel() { touchAndWait(_german ? "Abbrechen" : "Cancel"); }
+
+void CallTest::turnOn(const std::vector<int>& switches) {
+    nlohmann::json values = nlohmann::json::object();
+    for (int number : switches) {
+        values["SwitchCell" + std::to_string(number)] = true;
+    }
+    writePreferences(values);
+}
+
+void CallTest::keepText(const std::string& titleElement, const std::string& headerElement) {
+    write(resource("noteText.plist"),
+          plist("<key>Title</key>" + titleElement + "\n<key>Header</key>" + headerElement + "\n"));
+}
+
+std::string CallTest::keptText() const {
+    pugi::xml_document document;
+    document.load_string(read(resource("noteText.plist")).c_str(), pugi::parse_default | pugi::parse_ws_pcdata_single);
+    std::map<std::string, std::string> values;
+    for (const auto& key : document.select_nodes("//key")) {
+        values[key.node().text().get()] = key.node().next_sibling("string").text().get();
+    }
+    return values["Title"] + "|" + values["Header"];
+}
+
+pugi::xml_node CallTest::panel() {
+    pugi::xml_node found;
+    for (const auto& text : tree().select_nodes("//UINavigationBar/../UITextView")) {
+        if (text.node().parent().attribute("visible").as_bool()) {
+            found = text.node().parent();
+        }
+    }
+    return found;
+}
+
+std::vector<std::string> CallTest::logged(const std::string& what, const std::string& field) {
+    std::vector<std::string> values;
+    for (const auto& entry : log(what)) {
+        const auto& value = entry.at(field);
+        values.push_back(value.is_string() ? value.get<std::string>() : value.dump());
+    }
+    return values;
+}

@@ -1,0 +1,61 @@
+/// A call in progress with the library loaded: the fixture of the library's tests.
+#pragma once
+
+#include "tests/phone/PhoneTest.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+/// What a test's phone is.
+struct Start {
+    std::string device = "iphone5";
+    std::string app = "newer";
+    std::string language = "en";
+};
+
+class CallTest : public PhoneTest {
+protected:
+    /// Boots the phone; call first. What stands in the root folder may be changed before.
+    void start(const Start& with = {});
+    bool isStarted() const { return _started; }
+
+    /// A call comes in, is accepted, and the call screen has appeared.
+    void startCall();
+    /// A tap on the top of the call screen; the sheet has appeared.
+    void openSheet();
+    /// The sheet's Note was picked; the note screen has appeared.
+    void openNote();
+    /// From the idle phone to the note screen.
+    void startNote();
+    /// Taps the text and types into it.
+    void typeNote(const std::string& text);
+    void typeTitle(const std::string& title);
+    void touchAndWait(const pugi::xml_node& element);
+    void touchAndWait(const std::string& text);
+    /// Taps the bar button and waits until the call screen is back.
+    void done();
+    void cancel();
+
+    /// Turns on exactly these switches.
+    void turnOn(const std::vector<int>& switches);
+    /// Writes the kept-text file; a value may be any XML property list element.
+    void keepText(const std::string& titleElement, const std::string& headerElement);
+    /// What the kept-text file holds: "TITLE|HEADER".
+    std::string keptText() const;
+    static std::string resource(const std::string& name) { return "/Library/Quorvan/" + name; }
+
+    /// The panel of the note screen shown now, as an element of the tree; null when there is none.
+    pugi::xml_node panel();
+    pugi::xml_node noteText() { return panel().child("UITextView"); }
+    pugi::xml_node titleField() { return panel().child("UITextField"); }
+    std::string shownText() { return attribute(noteText(), "text"); }
+    std::string shownTitle() { return attribute(titleField(), "text"); }
+
+    /// Of all entries of this kind, the given field, in order.
+    std::vector<std::string> logged(const std::string& what, const std::string& field);
+
+private:
+    bool _started = false;
+    bool _german = false;
+};
