@@ -1,6 +1,9 @@
 /// The one seam to the drawing backend: everything that the phone draws goes through a Painter.
 #pragma once
 
+#include "phone/coregraphics/Bitmap.h"
+#include "phone/coregraphics/Color.h"
+#include "phone/coregraphics/TextLayout.h"
 #include "platform/coregraphics/CGContext.h"
 
 #include <memory>
@@ -9,67 +12,14 @@
 
 namespace phone {
 
-/// Components from 0 to 1, not premultiplied.
-struct Color {
-    double red = 0;
-    double green = 0;
-    double blue = 0;
-    double alpha = 1;
-
-    friend bool operator==(const Color&, const Color&) = default;
-};
-
-/// A decoded picture. Immutable and shared.
-class Bitmap {
-public:
-    virtual ~Bitmap() = default;
-    /// In pixels.
-    virtual int width() const = 0;
-    virtual int height() const = 0;
-
-    /// Of a PNG file (a path of the device); nullptr when it is missing, unreadable or no picture.
-    static std::shared_ptr<const Bitmap> load(const std::string& path);
-};
-
-/// A face and a size.
-struct Typeface {
-    enum class Weight { Thin, Light, Regular, Medium, Bold };
-    Weight weight = Weight::Regular;
-    double size = 17; // points
-
-    friend bool operator==(const Typeface&, const Typeface&) = default;
-};
-
-/// Laid-out text. Positions are UTF-16 units, as the platform counts them.
-class TextLayout {
-public:
-    enum class Alignment { Left, Center, Right };
-    struct Options {
-        Typeface face;
-        double width = -1;       // points; negative: one endless line
-        int maximumLines = 0;    // 0: as many as there are
-        Alignment alignment = Alignment::Left;
-        bool ellipsis = false;   // whether what does not fit ends in an ellipsis
-    };
-
-    virtual ~TextLayout() = default;
-    virtual CGSize size() const = 0;
-    /// The caret before the unit at `position`; the text's end for a larger one.
-    virtual CGRect caret(std::size_t position) const = 0;
-    /// The position nearest to a point.
-    virtual std::size_t positionAt(CGPoint point) const = 0;
-
-    static std::unique_ptr<TextLayout> make(const std::string& utf8, const Options& options);
-    /// The height of one line of the face, in points.
-    static double lineHeight(const Typeface& face);
-};
-
-/// Draws in points, y downwards.
+/// Draws in points, y downwards. Rectangles without area draw nothing; a corner radius larger than half
+/// a side is taken as half of it.
 class Painter {
 public:
     virtual ~Painter() = default;
 
     virtual void save() = 0;
+    /// Ends the innermost `save`: its transform and clip are those of before.
     virtual void restore() = 0;
     virtual void translate(double x, double y) = 0;
     /// Turns clockwise around the origin.
@@ -82,6 +32,7 @@ public:
     virtual void endGroup(double alpha) = 0;
 
     virtual void fill(CGRect rect, const Color& color, double radius = 0) = 0;
+    /// The line lies half inside the rectangle, half outside.
     virtual void stroke(CGRect rect, const Color& color, double width, double radius = 0) = 0;
     virtual void fillEllipse(CGRect rect, const Color& color) = 0;
     virtual void strokeEllipse(CGRect rect, const Color& color, double width) = 0;
@@ -89,6 +40,8 @@ public:
     virtual void polyline(const std::vector<CGPoint>& points, const Color& color, double width) = 0;
     virtual void polygon(const std::vector<CGPoint>& points, const Color& color) = 0;
     virtual void gradient(CGRect rect, const Color& top, const Color& bottom) = 0;
+    /// A spot of colour that fades to nothing at the rectangle's inscribed ellipse.
+    virtual void glow(CGRect rect, const Color& color) = 0;
     /// The whole picture into the rectangle.
     virtual void image(const Bitmap& bitmap, CGRect into) = 0;
     /// Part of the picture (in pixels) into the rectangle.
@@ -96,18 +49,22 @@ public:
     /// The picture's alpha as a stencil for the colour.
     virtual void mask(const Bitmap& bitmap, CGRect into, const Color& color) = 0;
     virtual void text(const TextLayout& layout, CGPoint origin, const Color& color) = 0;
-    /// The colour under the pixels seen through the rectangle, blurred: for translucent bars and sheets.
+    /// Blurs what has been drawn under the rectangle, within the clip: for translucent bars and sheets.
+    /// The radius is in points. Inside a group only the group's own picture is there to blur.
     virtual void blurBelow(CGRect rect, double radius) = 0;
 
     /// For `CGContext…` functions: the painter that draws now, nullptr outside drawing.
     static Painter* current();
-    /// The platform's handle of this painter.
+    /// The platform's handle of this painter, and the painter of a handle.
     CGContextRef context() { return reinterpret_cast<CGContextRef>(this); }
-    /// A path as the platform's functions build it.
+    static Painter* of(CGContextRef context) { return reinterpret_cast<Painter*>(context); }
+    /// A path as the platform's functions build it. A line without a point to start from does nothing.
     virtual void moveTo(CGPoint point) = 0;
     virtual void addLineTo(CGPoint point) = 0;
+    /// Black and one point until set; both belong to what `save` and `restore` bracket.
     virtual void setStrokeColor(const Color& color) = 0;
     virtual void setLineWidth(double width) = 0;
+    /// Strokes the path, butt caps and mitred joins, and empties it.
     virtual void strokePath() = 0;
 };
 
@@ -123,17 +80,18 @@ private:
     Painter* _previous;
 };
 
-/// A picture in memory that a painter draws into.
+/// A picture in memory that a painter draws into; transparent at first.
 class Canvas {
 public:
     virtual ~Canvas() = default;
+    /// Lives as long as the canvas.
     virtual Painter& painter() = 0;
-    /// False when the file cannot be written.
+    /// False when the file cannot be written. The same picture gives the same bytes.
     virtual bool writePng(const std::string& path) const = 0;
-    /// 0xAARRGGBB, premultiplied; for tests.
+    /// 0xAARRGGBB, premultiplied; 0 outside. For tests.
     virtual unsigned pixel(int x, int y) const = 0;
 
-    /// Points and pixels per point.
+    /// Points and pixels per point. nullptr when a side is not positive or larger than `Bitmap::maximumSide`.
     static std::unique_ptr<Canvas> make(double width, double height, double scale);
 };
 

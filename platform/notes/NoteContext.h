@@ -44,7 +44,7 @@ public:
     using NSObject::NSObject;
 
     void setIsPlainText(bool plain) const { send<"setIsPlainText:">(plain); }
-    void setContent(const NSString& content) const { perform<"setContent:">(content); }
+    void setContent(const NSString& content) const { perform<"setContent:", void>(content); }
     void setStore(const NoteStoreObject& store) const { send<"setStore:">(store); }
     /// Takes the number object that the context answered.
     void setIntegerId(const NSNumber& number) const { send<"setIntegerId:">(number); }
@@ -92,5 +92,5 @@ public:
     NoteStoreObject defaultStoreForNewNote() const { return perform<"defaultStoreForNewNote", NoteStoreObject>(); }
     /// A number object, passed on as it comes.
     NSNumber nextIndex() const { return perform<"nextIndex", NSNumber>(); }
-    void saveOutsideApp(const objc::Object& accounts) const { perform<"saveOutsideApp:">(accounts); }
+    void saveOutsideApp(const objc::Object& accounts) const { perform<"saveOutsideApp:", void>(accounts); }
 };

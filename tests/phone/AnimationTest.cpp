@@ -1,0 +1,297 @@
+#include "tests/phone/PhoneTest.h"
+
+#include "phone/uikit/View.h"
+#include "platform/foundation/NSNumber.h"
+#include "platform/uikit/UIEvent.h"
+
+namespace {
+
+/// Told of the end of animations of the older kind.
+class Delegate : public objc::Defines<Delegate, NSObject> {
+public:
+    static constexpr auto objc_name = "TestAnimationDelegate";
+    static void define(objc::ClassTable<Delegate>& c) {
+        c.def<"animationDidStop:finished:context:", &Delegate::didStop>();
+    }
+
+    std::string name;
+    int stops = 0;
+    bool finished = false;
+
+private:
+    void didStop(const NSString& animation, const NSNumber& ended, void*) {
+        name = animation.UTF8String();
+        finished = ended.boolValue();
+        ++stops;
+    }
+};
+
+class Animation : public PhoneTest {
+public:
+    Animation() { useClassesOnly(); }
+
+    void SetUp() override {
+        root = window();
+        view = UIView::withFrame({0, 0, 100, 100});
+        root.addSubview(view);
+    }
+
+    /// Fades the view out.
+    void fade(double duration, double delay, objc::UInt options) {
+        run([&] {
+            UIView faded = view;
+            Animation* test = this;
+            UIView::animate(
+                duration, delay, options, ^{ faded.setAlpha(0); },
+                ^(bool done) {
+                    ++test->completions;
+                    test->finished = done;
+                });
+            EXPECT_EQ(completions, 0) << "a completion is never called inline";
+        });
+    }
+    double shownAlpha() { return phone::View::of(view)->presentation().alpha; }
+
+    UIWindow root;
+    UIView view;
+    int completions = 0;
+    bool finished = false;
+};
+
+TEST_F(Animation, SetsTheViewsOwnValueAtOnce) {
+    fade(0.3, 0, 0);
+
+    EXPECT_EQ(view.alpha(), 0);
+    EXPECT_EQ(shownAlpha(), 1);
+}
+
+TEST_F(Animation, MovesWhatIsShownAlongTheCurve) {
+    fade(1, 0, UIViewAnimationOptionCurveLinear);
+    advance(0.25);
+    EXPECT_NEAR(shownAlpha(), 0.75, 1e-6);
+
+    advance(0.75);
+    EXPECT_EQ(shownAlpha(), 0);
+}
+
+TEST_F(Animation, EasesInAndOutUnlessToldOtherwise) {
+    fade(1, 0, 0);
+
+    advance(0.1);
+    EXPECT_GT(shownAlpha(), 0.95);
+    advance(0.4);
+    EXPECT_NEAR(shownAlpha(), 0.5, 1e-6);
+}
+
+TEST_F(Animation, WaitsForItsDelay) {
+    fade(1, 0.5, UIViewAnimationOptionCurveLinear);
+    advance(0.5);
+    EXPECT_EQ(shownAlpha(), 1);
+
+    advance(0.5);
+    EXPECT_NEAR(shownAlpha(), 0.5, 1e-6);
+}
+
+TEST_F(Animation, CompletesWhenItsTimeHasPassed) {
+    fade(0.3, 0, 2);
+    advance(0.29);
+    EXPECT_EQ(completions, 0);
+
+    advance(0.02);
+
+    EXPECT_EQ(completions, 1);
+    EXPECT_TRUE(finished);
+}
+
+TEST_F(Animation, CompletesInTheNextCycleWhenItsDurationIsZero) {
+    fade(0, 0, 0);
+
+    EXPECT_EQ(completions, 1);
+    EXPECT_TRUE(finished);
+}
+
+TEST_F(Animation, CompletesInTheNextCycleWhenNothingChanged) {
+    view.setAlpha(0);
+
+    fade(5, 0, 0);
+
+    EXPECT_EQ(completions, 1);
+    EXPECT_TRUE(finished);
+}
+
+TEST_F(Animation, CompletesUnfinishedWhenItIsReplaced) {
+    fade(1, 0, 0);
+    advance(0.5);
+
+    run([&] {
+        UIView shown = view;
+        UIView::animate(1, 0, 0, ^{ shown.setAlpha(1); }, nullptr);
+    });
+
+    EXPECT_EQ(completions, 1);
+    EXPECT_FALSE(finished);
+}
+
+TEST_F(Animation, CompletesUnfinishedWhenItsViewLeaves) {
+    fade(1, 0, 0);
+
+    run([&] { view.removeFromSuperview(); });
+
+    EXPECT_EQ(completions, 1);
+    EXPECT_FALSE(finished);
+}
+
+TEST_F(Animation, KeepsTouchesOffItsViewsItsDelayIncluded) {
+    run([&] {
+        UIView moved = view;
+        UIView::animate(0.3, 0.2, 0, ^{ moved.setCenter({60, 60}); }, nullptr);
+    });
+
+    EXPECT_EQ(root.hitTest({70, 70}, nullptr), root);
+    advance(0.6);
+    EXPECT_EQ(root.hitTest({70, 70}, nullptr), view);
+}
+
+TEST_F(Animation, LetsTouchesThroughWhenAllowedTo) {
+    run([&] {
+        UIView moved = view;
+        UIView::animate(0.3, 0, UIViewAnimationOptionAllowUserInteraction, ^{ moved.setCenter({60, 60}); }, nullptr);
+    });
+
+    EXPECT_EQ(root.hitTest({70, 70}, nullptr), view);
+}
+
+TEST_F(Animation, OfTheOlderKindLetsTouchesThrough) {
+    run([&] {
+        UIView::beginAnimations("noteView"_ns);
+        view.setCenter({60, 60});
+        UIView::commitAnimations();
+    });
+
+    EXPECT_EQ(root.hitTest({70, 70}, nullptr), view);
+}
+
+TEST_F(Animation, OfTheOlderKindTakesItsSettingsFromInsideItsBlock) {
+    run([&] {
+        UIView::setAnimationDuration(9);
+        UIView::beginAnimations("noteView"_ns);
+        UIView::setAnimationCurve(UIViewAnimationCurve::EaseIn);
+        UIView::setAnimationDuration(0.27);
+        view.setCenter({60, 60});
+        UIView::commitAnimations();
+    });
+
+    const auto entries = log("animation");
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].at("name"), "noteView");
+    EXPECT_EQ(entries[0].at("duration"), 0.27);
+    EXPECT_EQ(entries[0].at("delay"), 0);
+    EXPECT_EQ(entries[0].at("curve"), 1);
+    EXPECT_EQ(entries[0].at("view"), "UIView");
+}
+
+TEST_F(Animation, OfTheOlderKindLastsAFifthOfASecondUnlessToldOtherwise) {
+    run([&] {
+        UIView::beginAnimations(nullptr);
+        view.setAlpha(0);
+        UIView::commitAnimations();
+    });
+
+    const auto entries = log("animation");
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_TRUE(entries[0].at("name").is_null());
+    EXPECT_EQ(entries[0].at("duration"), 0.2);
+    EXPECT_EQ(entries[0].at("curve"), 0);
+}
+
+TEST_F(Animation, OfTheOlderKindTellsItsDelegate) {
+    const auto delegate = objc::Ref<Delegate>::make();
+    run([&] {
+        UIView::beginAnimations("theBox"_ns);
+        objc::sendClass<UIView, "setAnimationDelegate:">(static_cast<const objc::Object&>(delegate));
+        objc::sendClass<UIView, "setAnimationDidStopSelector:">(
+            objc::selector<"animationDidStop:finished:context:">());
+        view.setAlpha(0);
+        UIView::commitAnimations();
+    });
+    EXPECT_EQ(delegate->stops, 0);
+
+    settle();
+
+    EXPECT_EQ(delegate->stops, 1);
+    EXPECT_EQ(delegate->name, "theBox");
+    EXPECT_TRUE(delegate->finished);
+}
+
+TEST_F(Animation, StartsInnerAnimationsWhenTheOutermostIsCommitted) {
+    run([&] {
+        UIView::beginAnimations("outer"_ns);
+        UIView::beginAnimations("inner"_ns);
+        view.setAlpha(0);
+        UIView::commitAnimations();
+        EXPECT_TRUE(log("animation").empty());
+        UIView::commitAnimations();
+    });
+
+    ASSERT_EQ(log("animation").size(), 1U);
+    EXPECT_EQ(log("animation")[0].at("name"), "inner");
+}
+
+TEST_F(Animation, OfABlockInsideABlockTakesOverTheOuterDuration) {
+    run([&] {
+        UIView inner = view;
+        UIView::animate(
+            0.7, 0, 0, ^{ UIView::animate(0.1, 0, 0, ^{ inner.setAlpha(0); }, nullptr); }, nullptr);
+    });
+
+    ASSERT_EQ(log("animation").size(), 1U);
+    EXPECT_EQ(log("animation")[0].at("duration"), 0.7);
+}
+
+TEST_F(Animation, ReadsItsCurveFromTheHigherOptionBits) {
+    fade(0.3, 0, 1);
+    EXPECT_EQ(log("animation").back().at("curve"), 0); // option 1 lays out subviews
+
+    view.setAlpha(1);
+    fade(0.3, 0, UIViewAnimationOptionCurveEaseIn);
+    EXPECT_EQ(log("animation").back().at("curve"), 1);
+    EXPECT_EQ(log("animation").back().at("options"), 65536);
+}
+
+TEST_F(Animation, IsLoggedOncePerView) {
+    run([&] {
+        UIView moved = view;
+        UIView::animate(
+            0.3, 0.1, 2,
+            ^{
+                moved.setFrame({10, 10, 20, 20});
+                moved.setAlpha(0.5);
+            },
+            nullptr);
+    });
+
+    ASSERT_EQ(log("animation").size(), 1U);
+    EXPECT_TRUE(log("animation")[0].at("name").is_null());
+    EXPECT_EQ(log("animation")[0].at("delay"), 0.1);
+    EXPECT_EQ(log("animation")[0].at("options"), 2);
+}
+
+TEST_F(Animation, SettlesWhenNothingMovesAnyMore) {
+    fade(0.3, 0, 0);
+
+    settle();
+
+    EXPECT_EQ(completions, 1);
+    EXPECT_EQ(shownAlpha(), 0);
+}
+
+TEST_F(Animation, MovesItsEndWhenTheValueIsSetOutside) {
+    fade(1, 0, UIViewAnimationOptionCurveLinear);
+
+    view.setAlpha(0.5);
+    advance(0.5);
+
+    EXPECT_NEAR(shownAlpha(), 0.75, 1e-6);
+}
+
+} // namespace

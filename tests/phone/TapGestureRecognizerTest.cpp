@@ -1,0 +1,226 @@
+#include "tests/phone/PhoneTest.h"
+
+#include "platform/uikit/UIButton.h"
+#include "platform/uikit/UIGestureRecognizer.h"
+
+namespace {
+
+using Phase = phone::Screen::Phase;
+
+/// Counts the taps that reach it.
+class Target : public objc::Defines<Target, NSObject> {
+public:
+    static constexpr auto objc_name = "TestTapTarget";
+    static void define(objc::ClassTable<Target>& c) {
+        c.action<"tapped:", &Target::tapped>().action<"pressed:", &Target::pressed>();
+    }
+
+    int taps = 0;
+    int presses = 0;
+    objc::Object sender;
+
+private:
+    void tapped(const objc::Object& from) {
+        ++taps;
+        sender = from;
+    }
+    void pressed(const objc::Object&) { ++presses; }
+};
+
+/// Counts what becomes of its touches.
+class Touched : public objc::Defines<Touched, UIView> {
+public:
+    static constexpr auto objc_name = "TestTouched";
+    static void define(objc::ClassTable<Touched>& c) {
+        c.overrides<"touchesBegan:withEvent:", &Touched::began>()
+            .overrides<"touchesEnded:withEvent:", &Touched::ended>()
+            .overrides<"touchesCancelled:withEvent:", &Touched::cancelled>();
+    }
+
+    int begins = 0;
+    int ends = 0;
+    int cancels = 0;
+
+private:
+    void began(const NSSet&, const UIEvent&) { ++begins; }
+    void ended(const NSSet&, const UIEvent&) { ++ends; }
+    void cancelled(const NSSet&, const UIEvent&) { ++cancels; }
+};
+
+class TapGestureRecognizer : public PhoneTest {
+public:
+    TapGestureRecognizer() { useClassesOnly(); }
+
+    void SetUp() override {
+        root = window();
+        target = objc::Ref<Target>::make();
+        view = add({0, 100, 320, 60});
+        recognizer = attach(view, target);
+    }
+
+    UIView add(CGRect frame) {
+        auto made = UIView::withFrame(frame);
+        root.addSubview(made);
+        return made;
+    }
+    static UITapGestureRecognizer attach(const UIView& to, const objc::Ref<Target>& tells) {
+        auto made = UITapGestureRecognizer::with(tells, objc::selector<"tapped:">());
+        to.addGestureRecognizer(made);
+        return made;
+    }
+
+    UIWindow root;
+    UIView view;
+    objc::Ref<Target> target;
+    UITapGestureRecognizer recognizer;
+};
+
+TEST_F(TapGestureRecognizer, SendsItsActionWithItself) {
+    tap(160, 130);
+
+    EXPECT_EQ(target->taps, 1);
+    EXPECT_EQ(target->sender, recognizer);
+}
+
+TEST_F(TapGestureRecognizer, SeesTouchesOfTheViewsInside) {
+    view.addSubview(UIView::withFrame({0, 0, 100, 60}));
+
+    tap(50, 130);
+
+    EXPECT_EQ(target->taps, 1);
+}
+
+TEST_F(TapGestureRecognizer, SeesNothingOfASiblingInFront) {
+    add({0, 100, 320, 60});
+
+    tap(160, 130);
+
+    EXPECT_EQ(target->taps, 0);
+}
+
+TEST_F(TapGestureRecognizer, OfTheHitViewAloneFiresWhenSeveralAreStacked) {
+    const auto inFront = objc::Ref<Target>::make();
+    attach(add({0, 100, 320, 60}), inFront);
+
+    tap(160, 130);
+
+    EXPECT_EQ(target->taps, 0);
+    EXPECT_EQ(inFront->taps, 1);
+}
+
+TEST_F(TapGestureRecognizer, OfTheDeeperViewWins) {
+    const auto inside = UIView::withFrame({0, 0, 100, 60});
+    view.addSubview(inside);
+    const auto deeper = objc::Ref<Target>::make();
+    attach(inside, deeper);
+
+    tap(50, 130);
+
+    EXPECT_EQ(deeper->taps, 1);
+    EXPECT_EQ(target->taps, 0);
+}
+
+TEST_F(TapGestureRecognizer, CancelsTheTouchesOfTheView) {
+    const auto touched = objc::Ref<Touched>::make();
+    objc::as<UIView>(touched).setFrame({0, 0, 100, 60});
+    view.addSubview(touched);
+
+    tap(50, 130);
+
+    EXPECT_EQ(target->taps, 1);
+    EXPECT_EQ(touched->begins, 1);
+    EXPECT_EQ(touched->ends, 0);
+    EXPECT_EQ(touched->cancels, 1);
+}
+
+TEST_F(TapGestureRecognizer, LeavesTheViewItsTouchesWhenToldTo) {
+    const auto touched = objc::Ref<Touched>::make();
+    objc::as<UIView>(touched).setFrame({0, 0, 100, 60});
+    view.addSubview(touched);
+    recognizer.setCancelsTouchesInView(false);
+
+    tap(50, 130);
+
+    EXPECT_EQ(target->taps, 1);
+    EXPECT_EQ(touched->ends, 1);
+    EXPECT_EQ(touched->cancels, 0);
+}
+
+TEST_F(TapGestureRecognizer, OnAParentStandsBackForAButton) {
+    const auto button = UIButton::withType(UIButtonType::System);
+    button.setFrame({0, 0, 100, 60});
+    button.addTarget(target, objc::selector<"pressed:">(), UIControlEventTouchUpInside);
+    view.addSubview(button);
+
+    tap(50, 130);
+
+    EXPECT_EQ(target->presses, 1);
+    EXPECT_EQ(target->taps, 0);
+}
+
+TEST_F(TapGestureRecognizer, OnAParentComesBeforeAPlainControl) {
+    const auto control = objc::make<UIControl, "initWithFrame:">(CGRect(0, 0, 100, 60));
+    control.addTarget(target, objc::selector<"pressed:">(), UIControlEventTouchUpInside);
+    view.addSubview(control);
+
+    tap(50, 130);
+
+    EXPECT_EQ(target->taps, 1);
+    EXPECT_EQ(target->presses, 0);
+}
+
+TEST_F(TapGestureRecognizer, FailsWhenTheFingerMoves) {
+    touch(Phase::Began, 50, 130);
+    touch(Phase::Moved, 70, 130);
+    touch(Phase::Ended, 50, 130);
+
+    EXPECT_EQ(target->taps, 0);
+}
+
+TEST_F(TapGestureRecognizer, FailsWhenTheFingerStays) {
+    touch(Phase::Began, 50, 130);
+    advance(1);
+    touch(Phase::Ended, 50, 130);
+
+    EXPECT_EQ(target->taps, 0);
+}
+
+TEST_F(TapGestureRecognizer, WaitsForAsManyTapsAsItRequires) {
+    recognizer.setNumberOfTapsRequired(2);
+
+    tap(50, 130);
+    EXPECT_EQ(target->taps, 0);
+    tap(50, 130);
+
+    EXPECT_EQ(target->taps, 1);
+}
+
+TEST_F(TapGestureRecognizer, DoesNotCountTapsThatAreFarApart) {
+    recognizer.setNumberOfTapsRequired(2);
+
+    tap(50, 130);
+    advance(1);
+    tap(50, 130);
+
+    EXPECT_EQ(target->taps, 0);
+}
+
+TEST_F(TapGestureRecognizer, SeesNothingWhileTheApplicationIgnoresEvents) {
+    UIApplication::shared().beginIgnoringInteractionEvents();
+    tap(50, 130);
+    UIApplication::shared().endIgnoringInteractionEvents();
+    EXPECT_EQ(target->taps, 0);
+
+    tap(50, 130);
+    EXPECT_EQ(target->taps, 1);
+}
+
+TEST_F(TapGestureRecognizer, DoesNothingWhileItIsSwitchedOff) {
+    recognizer.setEnabled(false);
+
+    tap(50, 130);
+
+    EXPECT_EQ(target->taps, 0);
+}
+
+} // namespace
