@@ -38,12 +38,16 @@ UIView makeBack(const UIViewController& chooser) {
 
 } // namespace
 
-ChooserFrame::ChooserFrame(const UIViewController& chooser, CGSize size)
-    : _panel(makePanel(size)), _bar(makeBar(size.width)), _back(makeBack(chooser)) {}
+ChooserFrame::ChooserFrame(const UIViewController& chooser, CGSize size, const NSString& title)
+    : _title(title), _panel(makePanel(size)), _bar(makeBar(size.width)), _back(makeBack(chooser)) {
+    _bar.topItem().setTitle(_title); // deliberate, though the bar has no item yet and nothing hears it
+}
 
-void ChooserFrame::addBar(const NSString& title) {
-    const auto item = UINavigationItem::withTitle(title);
-    item.setLeftBarButtonItem(UIBarButtonItem::withCustomView(_back));
+void ChooserFrame::addBar() {
+    const auto back = UIBarButtonItem::withCustomView(_back);
+    _bar.topItem().setLeftBarButtonItem(back); // as above
+    const auto item = UINavigationItem::withTitle(_title);
+    item.setLeftBarButtonItem(back);
     _bar.setItems(NSArray::of(item));
     _panel.addSubview(_bar);
 }

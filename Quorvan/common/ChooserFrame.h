@@ -10,16 +10,17 @@ namespace quorvan {
 /// first, the bar, its main content, the separator.
 class ChooserFrame {
 public:
-    /// A panel of this size with the Back control, which sends `back:` to the chooser.
-    ChooserFrame(const UIViewController& chooser, CGSize size);
+    /// A panel of this size; its bar will have the title and the Back control, which sends `back:` to the chooser.
+    ChooserFrame(const UIViewController& chooser, CGSize size, const NSString& title);
 
     const UIView& panel() const { return _panel; }
-    /// Puts the bar with its title and the Back control on the panel.
-    void addBar(const NSString& title);
+    /// Puts the bar on the panel, above what the chooser has added so far.
+    void addBar();
     /// Rounds the corners, adds the separator under the bar and gives the panel.
     UIView finish(CGFloat separator);
 
 private:
+    NSString _title;
     UIView _panel;
     UINavigationBar _bar;
     UIView _back;

@@ -31,8 +31,8 @@ void roundCorners(const UIView& panel) {
 }
 
 void addSeparator(const UIView& panel, CGRect frame) {
-    const auto line = objc::make<objc::Ref<LineCreator>, "initWithFrame:">(frame);
-    line->setBackgroundColor(grey());
+    const UIView line = objc::make<objc::Ref<LineCreator>, "initWithFrame:">(frame);
+    line.setBackgroundColor(grey());
     panel.addSubview(line);
 }
 

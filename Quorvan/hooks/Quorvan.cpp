@@ -69,7 +69,9 @@ void invokeShare(id self, SEL) {
     const auto sheet = UIActivityViewController::with(NSArray::of(""_ns), activities);
     sheet.setModalTransitionStyle(UIModalTransitionStyle::CoverVertical);
     sheet.setExcludedActivityTypes(excludedTypes());
-    objc::borrow<UIViewController>(self).present(sheet, true, nullptr);
+    if (sheet) {
+        objc::borrow<UIViewController>(self).present(sheet, true, nullptr);
+    }
 }
 
 constexpr const char* invokeShareEncoding = "v@:";

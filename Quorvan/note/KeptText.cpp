@@ -42,7 +42,7 @@ KeptText KeptText::read() {
 
 bool KeptText::write(const NSString& text, const NSString& title) {
     const auto saved = objc::make<NSMutableDictionary>();
-    saved.set(text, NSString::utf8(textKey));
+    saved.set(text ? text : ""_ns, NSString::utf8(textKey));
     saved.set(title ? title : NSString::utf8(noTitle), NSString::utf8(titleKey));
     return saved.writeToFile(resourcePath(file), true);
 }

@@ -63,6 +63,11 @@ void NoteAccountController::initWithNibName(const NSString& nib, const NSObject&
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
+NoteAccountController::~NoteAccountController() {
+    nAtable.setDataSource(nullptr);
+    nAtable.setDelegate(nullptr);
+}
+
 void NoteAccountController::viewDidLoad() {
     super<"viewDidLoad">();
     const auto backdrop = addBackdrop(view(), {{0, 0}, screenSize()});
@@ -78,8 +83,8 @@ void NoteAccountController::didReceiveMemoryWarning() { super<"didReceiveMemoryW
 UIView NoteAccountController::createNote() {
     const CGSize size = notePanelSize();
     const CGFloat line = hairline();
-    ChooserFrame frame(*this, size);
-    frame.addBar(localized("Account"));
+    ChooserFrame frame(*this, size, localized("Account"));
+    frame.addBar();
     nAtable = UITableView::withFrame({0, barHeight + line, size.width, size.height - line - barHeight},
                                      UITableViewStyle::Plain);
     nAtable.setDataSource(*this);

@@ -11,6 +11,7 @@ class NoteAccountController : public objc::Defines<NoteAccountController, UIView
 public:
     static constexpr auto objc_name = "NoteAccountController";
     static void define(objc::ClassTable<NoteAccountController>& c);
+    ~NoteAccountController();
 
 private:
     void initWithNibName(const NSString& nib, const NSObject& bundle);

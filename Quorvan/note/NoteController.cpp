@@ -73,6 +73,17 @@ void NoteController::initWithNibName(const NSString& nib, const NSObject& bundle
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
+NoteController::~NoteController() {
+    // The panel built last stays in the shared variables, and it does not keep its delegates alive.
+    note.setDelegate(nullptr);
+    titleField.setDelegate(nullptr);
+    if (accountName->send<"delegate", id>() == raw()) {
+        accountName->setDelegate(nullptr);
+        accountName->setDataSource(nullptr);
+    }
+    NSNotificationCenter::defaultCenter().removeObserver(*this);
+}
+
 void NoteController::viewDidLoad() {
     super<"viewDidLoad">();
     nAccount = localized("Default");
@@ -123,6 +134,10 @@ UIView NoteController::createNote() {
     const auto bar = makeBar(width);
     const auto cancelItem = UIBarButtonItem::withTitle(localized("Cancel"), 1, *this, objc::selector<"cancel:">());
     const auto doneItem = UIBarButtonItem::withTitle(localized("Done"), 1, *this, objc::selector<"done:">());
+    // Deliberate, though the bar has no item yet and nothing hears it.
+    bar.topItem().setTitle(localized("Note"));
+    bar.topItem().setLeftBarButtonItem(cancelItem);
+    bar.topItem().setRightBarButtonItem(doneItem);
     navigItem = UINavigationItem::withTitle(localized("Note"));
     navigItem->setRightBarButtonItem(doneItem);
     navigItem->setLeftBarButtonItem(cancelItem);

@@ -14,6 +14,7 @@ class NoteController : public objc::Defines<NoteController, UIViewController> {
 public:
     static constexpr auto objc_name = "NoteController";
     static void define(objc::ClassTable<NoteController>& c);
+    ~NoteController();
 
 private:
     // Life

@@ -16,16 +16,22 @@ NSString firstLine(const NSString& text) {
     return lineBreak.location == NSNotFound ? text : text.substringToIndex(lineBreak.location);
 }
 
+/// The store at the chosen place. That the place exists is not checked, but for a device without any store.
+NoteStoreObject chosenStore(const NSArray& stores) {
+    return stores.count() == 0 ? NoteStoreObject() : stores.at<NoteStoreObject>(static_cast<objc::UInt>(storeNum));
+}
+
 } // namespace
 
 void NoteController::done(const objc::Object&) {
+    const NSString nothingTyped = placeholder("Note");
     const auto context = NoteContext::make();
     const NSArray stores = context.allStores();
     context.enableChangeLogging(true);
     const auto managed = context.managedObjectContext();
     const auto defaultStore = context.defaultStoreForNewNote();
     const bool separateTitle = isOn(setting::separateTitle);
-    const auto store = storeNum >= 0 ? stores.at<NoteStoreObject>(static_cast<objc::UInt>(storeNum)) : defaultStore;
+    const auto store = storeNum < 0 ? defaultStore : chosenStore(stores);
 
     // Made before it is known whether there is anything to save: of an empty note they stay unsaved.
     const auto newNote = NSEntityDescription::insertNew<NoteObject>("Note"_ns, managed);
@@ -38,7 +44,7 @@ void NoteController::done(const objc::Object&) {
     newNote.setStore(store);
     newNote.setIntegerId(context.nextIndex());
 
-    if (!isEmpty(text) && !text.isEqualToString(placeholder("Note"))) {
+    if (!isEmpty(text) && !text.isEqualToString(nothingTyped)) {
         const NSString title = titleField.text();
         if (separateTitle && !isEmpty(title)) {
             const auto content = title.stringByAppendingString("\n"_ns).stringByAppendingString(text);
@@ -60,10 +66,11 @@ void NoteController::done(const objc::Object&) {
 }
 
 void NoteController::cancel(const objc::Object&) {
-    if (isOn(setting::keepUnsavedText)) {
+    const bool keepsText = isOn(setting::keepUnsavedText);
+    const bool separateTitle = isOn(setting::separateTitle);
+    if (keepsText) {
         const NSString title = titleField.text();
-        const bool keepsTitle =
-            isOn(setting::separateTitle) && !isEmpty(title) && !title.isEqualToString(localized("Title"));
+        const bool keepsTitle = separateTitle && !isEmpty(title) && !title.isEqualToString(localized("Title"));
         // Written twice in a row, by design.
         KeptText::write(note.text(), keepsTitle ? title : NSString());
         KeptText::write(note.text(), keepsTitle ? title : NSString());

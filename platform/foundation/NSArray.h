@@ -7,6 +7,7 @@ class NSArray : public NSObject {
 public:
     static constexpr auto objc_name = "NSArray";
     using NSObject::NSObject;
+    /// Of these objects; a nil one is left out.
     template <class... T>
     static NSArray of(const T&... objects);
     /// nil for a file that is missing, is no property list, or holds something else than an array.
@@ -59,6 +60,6 @@ public:
 template <class... T>
 NSArray NSArray::of(const T&... objects) {
     auto array = objc::make<NSMutableArray>();
-    (array.add(objects), ...);
+    ((objects ? array.add(objects) : void()), ...);
     return array;
 }

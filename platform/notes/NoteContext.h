@@ -69,11 +69,13 @@ public:
     static constexpr auto objc_name = "NSEntityDescription";
     using NSObject::NSObject;
 
-    /// A new, unsaved object of the entity.
+    /// A new, unsaved object of the entity; nil without a context, where the platform would raise.
     template <class T>
     static T insertNew(const NSString& entity, const NSManagedObjectContext& context) {
-        return objc::sendClass<NSEntityDescription, "insertNewObjectForEntityForName:inManagedObjectContext:", T>(
-            entity, context);
+        return context
+                   ? objc::sendClass<NSEntityDescription, "insertNewObjectForEntityForName:inManagedObjectContext:", T>(
+                         entity, context)
+                   : T();
     }
 };
 
