@@ -25,15 +25,15 @@ struct NotesAccount {
 
 /// One note as it stands in the database; dates are seconds since the start of 2001, UTC.
 struct NoteRow {
-    long key = 0;         // Z_PK, the order of creation
-    std::string store;    // the name of the store's account
-    long storeKey = 0;    // Z_PK of the store
+    long key = 0;      // Z_PK, the order of creation
+    std::string store; // the name of the store's account
+    long storeKey = 0; // Z_PK of the store
     long integerId = 0;
     bool isPlainText = false;
     std::optional<std::string> title;
     std::optional<std::string> summary;
-    std::optional<std::string> content; // of the note itself
-    std::optional<std::string> body;    // of its NoteBody
+    std::optional<std::string> content; // what the note answers: its body's text
+    std::optional<std::string> body;    // the text of its NoteBody
     std::optional<double> created;
     std::optional<double> modified;
 };
@@ -64,10 +64,12 @@ public:
     std::vector<StoreRow> stores() const;
     /// In order of creation.
     std::vector<NoteRow> notes() const;
-    /// Takes the next note number; the counter is written at once.
-    long takeNextIndex();
-    /// Writes all notes in one transaction: all or none. `key`s are given by the database.
-    void insert(const std::vector<NoteRow>& notes);
+    /// The highest note number given out by what has been saved.
+    long lastIndex() const;
+    /// Writes all notes in one transaction: all or none. `key`s and `store` names are the database's own
+    /// business; a note's text goes into its body. The counter of note numbers moves up to the highest of
+    /// them. `logChanges` leaves a change record for each, as programs that synchronise notes expect.
+    void insert(const std::vector<NoteRow>& notes, bool logChanges = false);
 
 private:
     sqlite3* _database = nullptr;

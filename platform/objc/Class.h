@@ -78,6 +78,9 @@ struct TrampolineOf {
                 detail::call<id>(given, selector<"autorelease">());
             }
             return given;
+        } else if constexpr (BackPointer<R>) {
+            // Not even for the moment of the pool: the object may be on its way out.
+            return (peer->*Method)(Wire<std::remove_cvref_t<A>>::receive(arguments)...).raw();
         } else {
             return static_cast<Out>((peer->*Method)(Wire<std::remove_cvref_t<A>>::receive(arguments)...));
         }

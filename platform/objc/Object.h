@@ -127,6 +127,16 @@ private:
     id _id = nullptr;
 };
 
+namespace detail {
+template <class T>
+inline constexpr bool isUnretained = false;
+template <class T>
+inline constexpr bool isUnretained<Unretained<T>> = true;
+} // namespace detail
+
+template <class T>
+concept BackPointer = detail::isUnretained<T>;
+
 /// A process-wide variable that owns its value and is never destroyed: nothing runs at process exit.
 template <class T>
 class Global {

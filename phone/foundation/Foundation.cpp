@@ -1,0 +1,25 @@
+#include "phone/foundation/Foundation.h"
+
+#include "phone/foundation/Bundle.h"
+#include "phone/foundation/FileLog.h"
+#include "phone/foundation/PropertyList.h"
+#include "phone/foundation/Surroundings.h"
+#include "phone/foundation/Unanswered.h"
+#include "phone/foundation/Values.h"
+
+namespace phone {
+
+void installFoundation() {
+    static const bool once = [] {
+        installUnanswered();
+        installSurroundings();
+        installFileLog();
+        installPropertyLists();
+        installBundles();
+        installValues();
+        return true;
+    }();
+    (void)once;
+}
+
+} // namespace phone

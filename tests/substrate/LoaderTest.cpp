@@ -1,0 +1,127 @@
+#include "phone/substrate/Loader.h"
+#include "tests/foundation/FoundationTest.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+std::vector<std::string> recorded;
+}
+
+extern "C" __attribute__((visibility("default"))) void recordLoading(const char* path) {
+    recorded.push_back(std::filesystem::path(path).stem().string());
+}
+
+namespace phone {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class LoaderTest : public FoundationTest {
+protected:
+    LoaderTest() { std::filesystem::create_directories(host(librariesFolder)); }
+
+    /// Installs a library that records being loaded; `filter` is the text of its property list, none for "".
+    void install(const std::string& name, const std::string& filter) const {
+        const std::string base = std::string(librariesFolder) + "/" + name;
+        std::filesystem::copy_file(RECORDER, host(base + ".dylib"));
+        if (!filter.empty()) {
+            put(base + ".plist", filter);
+        }
+    }
+    /// Whether a library with this filter is loaded.
+    bool loads(const std::string& filter) const {
+        recorded.clear();
+        static int number = 0;
+        const std::string name = "Library" + std::to_string(++number);
+        install(name, filter);
+        loadLibraries();
+        std::filesystem::remove(host(std::string(librariesFolder) + "/" + name + ".dylib"));
+        return recorded == Names{name};
+    }
+};
+
+TEST_F(LoaderTest, LibrariesLoadInAlphabeticalOrder) {
+    install("Middle", "");
+    install("Zebra", "");
+    install("Apple", "");
+
+    const auto loaded = loadLibraries();
+
+    EXPECT_EQ(recorded, (Names{"Apple", "Middle", "Zebra"}));
+    EXPECT_EQ(loaded.front(), "/Library/MobileSubstrate/DynamicLibraries/Apple.dylib");
+    EXPECT_EQ(loaded.size(), 3u);
+}
+
+TEST_F(LoaderTest, AMissingFolderLoadsNothing) {
+    std::filesystem::remove_all(host(librariesFolder));
+
+    EXPECT_TRUE(loadLibraries().empty());
+}
+
+TEST_F(LoaderTest, WithoutAFilterALibraryIsLoadedEverywhere) {
+    EXPECT_TRUE(loads(""));
+    EXPECT_TRUE(loads("{ Other = 1; }"));
+    EXPECT_TRUE(loads("{ Filter = { }; }"));
+}
+
+TEST_F(LoaderTest, BundlesMatchTheRunningApplication) {
+    EXPECT_TRUE(loads("{ Filter = { Bundles = ( \"com.apple.InCallService\", \"com.apple.mobilephone\" ); }; }"));
+    EXPECT_FALSE(loads("{ Filter = { Bundles = ( \"com.apple.springboard\" ); }; }"));
+    EXPECT_FALSE(loads("{ Filter = { Bundles = ( ); }; }"));
+}
+
+TEST_F(LoaderTest, ExecutablesMatchTheProgramsName) {
+    EXPECT_TRUE(loads("{ Filter = { Executables = ( InCallService ); }; }"));
+    EXPECT_FALSE(loads("{ Filter = { Executables = ( MobilePhone ); }; }"));
+}
+
+TEST_F(LoaderTest, ClassesMatchWhatIsRegistered) {
+    EXPECT_TRUE(loads("{ Filter = { Classes = ( NoSuchClass, NSString ); }; }"));
+    EXPECT_FALSE(loads("{ Filter = { Classes = ( NoSuchClass ); }; }"));
+}
+
+TEST_F(LoaderTest, TheVersionLiesBetweenTheBounds) {
+    const auto filter = [](const std::string& numbers) {
+        return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict><key>Filter</key><dict>"
+               "<key>CoreFoundationVersion</key><array>" +
+               numbers + "</array></dict></dict></plist>";
+    };
+    EXPECT_TRUE(loads(filter("<real>847.20</real>")));
+    EXPECT_TRUE(loads(filter("<real>793.00</real><real>900</real>")));
+    EXPECT_FALSE(loads(filter("<real>793.00</real><real>847.20</real>")));
+    EXPECT_FALSE(loads(filter("<integer>1000</integer>")));
+    EXPECT_FALSE(loads(filter("<string>793</string>")));
+}
+
+TEST_F(LoaderTest, EveryListMustMatchUnlessTheModeIsAny) {
+    const std::string lists = "Bundles = ( \"com.apple.InCallService\" ); Executables = ( MobilePhone );";
+
+    EXPECT_FALSE(loads("{ Filter = { " + lists + " }; }"));
+    EXPECT_TRUE(loads("{ Filter = { Mode = Any; " + lists + " }; }"));
+    EXPECT_FALSE(loads("{ Filter = { Mode = Any; Executables = ( MobilePhone ); }; }"));
+}
+
+TEST_F(LoaderTest, ACorruptFilterSkipsItsLibraryWithAWarning) {
+    testing::internal::CaptureStderr();
+
+    EXPECT_FALSE(loads("{ Filter = { Bundles = ( "));
+
+    const std::string warning = testing::internal::GetCapturedStderr();
+    EXPECT_TRUE(warning.starts_with("loader: /Library/MobileSubstrate/DynamicLibraries/Library"));
+    EXPECT_EQ(std::count(warning.begin(), warning.end(), '\n'), 1);
+}
+
+TEST_F(LoaderTest, AFileThatIsNoLibraryIsAWarningAndTheOthersLoad) {
+    put("/Library/MobileSubstrate/DynamicLibraries/Broken.dylib", "no library");
+    install("Whole", "");
+    testing::internal::CaptureStderr();
+
+    loadLibraries();
+
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("Broken.dylib"), std::string::npos);
+    EXPECT_EQ(recorded, Names{"Whole"});
+}
+
+} // namespace
+} // namespace phone
