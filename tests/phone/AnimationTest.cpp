@@ -42,10 +42,13 @@ public:
             UIView faded = view;
             Animation* test = this;
             UIView::animate(
-                duration, delay, options, ^{ faded.setAlpha(0); },
+                duration, delay, options,
+                ^{
+                  faded.setAlpha(0);
+                },
                 ^(bool done) {
-                    ++test->completions;
-                    test->finished = done;
+                  ++test->completions;
+                  test->finished = done;
                 });
             EXPECT_EQ(completions, 0) << "a completion is never called inline";
         });
@@ -125,7 +128,12 @@ TEST_F(Animation, CompletesUnfinishedWhenItIsReplaced) {
 
     run([&] {
         UIView shown = view;
-        UIView::animate(1, 0, 0, ^{ shown.setAlpha(1); }, nullptr);
+        UIView::animate(
+            1, 0, 0,
+            ^{
+              shown.setAlpha(1);
+            },
+            nullptr);
     });
 
     EXPECT_EQ(completions, 1);
@@ -144,7 +152,12 @@ TEST_F(Animation, CompletesUnfinishedWhenItsViewLeaves) {
 TEST_F(Animation, KeepsTouchesOffItsViewsItsDelayIncluded) {
     run([&] {
         UIView moved = view;
-        UIView::animate(0.3, 0.2, 0, ^{ moved.setCenter({60, 60}); }, nullptr);
+        UIView::animate(
+            0.3, 0.2, 0,
+            ^{
+              moved.setCenter({60, 60});
+            },
+            nullptr);
     });
 
     EXPECT_EQ(root.hitTest({70, 70}, nullptr), root);
@@ -155,7 +168,12 @@ TEST_F(Animation, KeepsTouchesOffItsViewsItsDelayIncluded) {
 TEST_F(Animation, LetsTouchesThroughWhenAllowedTo) {
     run([&] {
         UIView moved = view;
-        UIView::animate(0.3, 0, UIViewAnimationOptionAllowUserInteraction, ^{ moved.setCenter({60, 60}); }, nullptr);
+        UIView::animate(
+            0.3, 0, UIViewAnimationOptionAllowUserInteraction,
+            ^{
+              moved.setCenter({60, 60});
+            },
+            nullptr);
     });
 
     EXPECT_EQ(root.hitTest({70, 70}, nullptr), view);
@@ -209,8 +227,7 @@ TEST_F(Animation, OfTheOlderKindTellsItsDelegate) {
     run([&] {
         UIView::beginAnimations("theBox"_ns);
         objc::sendClass<UIView, "setAnimationDelegate:">(static_cast<const objc::Object&>(delegate));
-        objc::sendClass<UIView, "setAnimationDidStopSelector:">(
-            objc::selector<"animationDidStop:finished:context:">());
+        objc::sendClass<UIView, "setAnimationDidStopSelector:">(objc::selector<"animationDidStop:finished:context:">());
         view.setAlpha(0);
         UIView::commitAnimations();
     });
@@ -241,7 +258,16 @@ TEST_F(Animation, OfABlockInsideABlockTakesOverTheOuterDuration) {
     run([&] {
         UIView inner = view;
         UIView::animate(
-            0.7, 0, 0, ^{ UIView::animate(0.1, 0, 0, ^{ inner.setAlpha(0); }, nullptr); }, nullptr);
+            0.7, 0, 0,
+            ^{
+              UIView::animate(
+                  0.1, 0, 0,
+                  ^{
+                    inner.setAlpha(0);
+                  },
+                  nullptr);
+            },
+            nullptr);
     });
 
     ASSERT_EQ(log("animation").size(), 1U);
@@ -264,8 +290,8 @@ TEST_F(Animation, IsLoggedOncePerView) {
         UIView::animate(
             0.3, 0.1, 2,
             ^{
-                moved.setFrame({10, 10, 20, 20});
-                moved.setAlpha(0.5);
+              moved.setFrame({10, 10, 20, 20});
+              moved.setAlpha(0.5);
             },
             nullptr);
     });

@@ -72,8 +72,7 @@ std::vector<pugi::xml_node> elements(const pugi::xml_document& tree,
 
 } // namespace
 
-PhoneTest::PhoneTest()
-    : _accounts{{"LOCAL_NOTES_ACCOUNT", true}, {"Mail", false}}, _root(temporaryFolder()) {
+PhoneTest::PhoneTest() : _accounts{{"LOCAL_NOTES_ACCOUNT", true}, {"Mail", false}}, _root(temporaryFolder()) {
     _settings.device = *phone::deviceNamed("iphone5");
     _settings.application = *phone::applicationNamed("newer");
     _settings.root = _root.string();
@@ -83,11 +82,10 @@ PhoneTest::PhoneTest()
 
 PhoneTest::~PhoneTest() {
     _windows.clear();
+    _pool.reset();
+    _session.reset();
     std::error_code ignored;
     fs::remove_all(_root, ignored);
-    // The platform's objects are not torn down: the process ends with the test.
-    (void)_session.release();
-    (void)_pool.release();
 }
 
 void PhoneTest::TearDown() {
@@ -186,8 +184,7 @@ pugi::xml_node PhoneTest::findClass(const std::string& name, int index) {
 }
 
 int PhoneTest::countClass(const std::string& name) {
-    return static_cast<int>(
-        elements(tree(), [&](const pugi::xml_node& node) { return name == node.name(); }).size());
+    return static_cast<int>(elements(tree(), [&](const pugi::xml_node& node) { return name == node.name(); }).size());
 }
 
 bool PhoneTest::isVisible(const std::string& text) {

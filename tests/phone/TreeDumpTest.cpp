@@ -56,9 +56,9 @@ TEST_F(TreeDump, PrintsHowAViewLooks) {
 }
 
 TEST_F(TreeDump, PrintsLineBreaksInTexts) {
-    root.addSubview(label({0, 0, 100, 100}, "one\ntwo <&>"));
+    root.addSubview(label({0, 0, 100, 100}, "one\ntwo <&\""));
 
-    EXPECT_NE(boot().tree().find("text=\"one&#10;two &lt;&amp;&gt;\""), std::string::npos);
+    EXPECT_NE(boot().tree().find("text=\"one&#10;two &lt;&amp;&quot;\""), std::string::npos);
 }
 
 TEST_F(TreeDump, PrintsTheTextOfAnUntouchedField) {

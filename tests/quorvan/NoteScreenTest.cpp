@@ -196,7 +196,7 @@ TEST_F(NoteScreen, RisesWhenTheTitleIsTouchedAndSinksWithItsDoneKey) {
     settle();
 
     EXPECT_EQ(panelFrame(), "15 171.5 290 225");
-    EXPECT_FALSE(titleField().attribute("firstResponder"));
+    EXPECT_EQ(attribute(titleField(), "firstResponder"), "false");
     const auto moves = log("animation");
     const auto move = std::find_if(moves.begin(), moves.end(), [](const auto& e) { return e.at("name") == "theBox"; });
     ASSERT_NE(move, moves.end());

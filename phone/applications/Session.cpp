@@ -1,0 +1,138 @@
+#include "phone/applications/Session.h"
+
+#include "phone/applications/CallService.h"
+#include "phone/device/Log.h"
+#include "phone/device/RunLoop.h"
+#include "phone/foundation/Text.h"
+#include "phone/foundation/WallClock.h"
+#include "phone/uikit/Compositor.h"
+#include "phone/uikit/HeldScreen.h"
+#include "phone/uikit/Keyboard.h"
+#include "phone/uikit/TouchDelivery.h"
+#include "phone/uikit/TreeDump.h"
+#include "platform/objc/Exception.h"
+#include "platform/objc/Pool.h"
+#include "platform/uikit/UIPasteboard.h"
+
+#include <algorithm>
+
+namespace phone {
+
+namespace {
+
+using nlohmann::json;
+
+/// What moves for longer than this moves for ever.
+constexpr double longestSettling = 60; // seconds
+
+} // namespace
+
+Session::Session(const Settings& settings, Start start) {
+    try {
+        run([&] { boot(settings, start); });
+    } catch (const ScreenError&) {
+        // The epitaph tells; every command will.
+    }
+}
+
+json Session::request(const json& command) {
+    json answer;
+    run([&] { answer = perform(command); });
+    return answer;
+}
+
+void Session::run(const std::function<void()>& work) {
+    if (isDead()) {
+        throw ScreenError(_epitaph);
+    }
+    // The one place where exceptions are caught. What a command itself refuses comes as a C++ exception;
+    // a platform exception has passed through the application's code, which is then in no state to go on.
+    const objc::Pool pool; // outside, so that what is thrown outlives the frames it leaves
+    try {
+        work();
+        RunLoop::main().drain();
+        return;
+    } catch (const ScreenError&) {
+        throw;
+    } catch (const std::exception& refusal) {
+        throw ScreenError(refusal.what());
+    } catch (...) {
+        const objc::Object thrown = objc::caughtObject();
+        die(text(thrown.send<"name", NSString>()), text(thrown.send<"reason", NSString>()));
+    }
+    throw ScreenError(_epitaph);
+}
+
+void Session::die(const std::string& name, const std::string& reason) {
+    Log::shared().add("exception", {{"name", name}, {"reason", reason}});
+    _epitaph = "the phone application died of an uncaught exception: " + name + ": " + reason;
+}
+
+json Session::perform(const json& command) {
+    const std::string what = command.at("do");
+    if (what == "touch") {
+        deliverTouch(command);
+    } else if (what == "type") {
+        typeText(command.at("text"));
+    } else if (what == "key") {
+        pressKey(command.at("key"));
+    } else if (what == "advance") {
+        RunLoop::main().advance(command.at("seconds"));
+    } else if (what == "settle") {
+        waitUntilNothingMoves();
+    } else if (what == "tree") {
+        return {{"tree", dumpTree(command.value("finding", false))}};
+    } else if (what == "log") {
+        return {{"log", Log::shared().lines()}};
+    } else if (what == "screenshot") {
+        const std::string path = command.at("path");
+        if (!writeScreenshot(path)) {
+            throw ScreenError("cannot write " + path);
+        }
+    } else if (what == "phoneCall") {
+        CallService::shared().perform(command.at("action"), command.value("number", ""));
+    } else if (what == "setClock") {
+        WallClock::set(command.at("seconds"));
+    } else if (what == "setOrientation") {
+        const std::string orientation = command.at("orientation");
+        if (!HeldScreen::shared().turn(orientation)) {
+            throw ScreenError("no such orientation: " + orientation);
+        }
+    } else if (what == "setClipboard") {
+        UIPasteboard::general().setString(string(command.at("text")));
+    } else if (what == "pasteText") {
+        phone::pasteText(); // not Screen's command of that name, which comes here
+    } else if (what == "hideKeyboard") {
+        phone::hideKeyboard();
+    } else {
+        throw ScreenError("no such command: " + what);
+    }
+    return json::object();
+}
+
+void Session::deliverTouch(const json& command) {
+    const std::string phase = command.at("phase");
+    const CGPoint point = HeldScreen::shared().upright(CGPoint{command.at("x"), command.at("y")});
+    TouchDelivery& delivery = TouchDelivery::shared();
+    if (phase == "began") {
+        delivery.began(point);
+    } else if (phase == "moved") {
+        delivery.moved(point);
+    } else if (phase == "ended") {
+        delivery.moved(point);
+        delivery.ended();
+    } else {
+        throw ScreenError("no such phase of a touch: " + phase);
+    }
+}
+
+void Session::waitUntilNothingMoves() {
+    RunLoop& loop = RunLoop::main();
+    loop.drain();
+    const double end = loop.now() + longestSettling;
+    for (double next = loop.nextMovement(); next >= 0 && next <= end; next = loop.nextMovement()) {
+        loop.advance(std::max(0.0, next - loop.now()));
+    }
+}
+
+} // namespace phone

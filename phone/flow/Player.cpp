@@ -1,0 +1,253 @@
+#include "phone/flow/Player.h"
+
+#include "phone/flow/AtomicFile.h"
+#include "phone/flow/LocalTime.h"
+#include "phone/flow/PhoneZone.h"
+#include "phone/flow/Preferences.h"
+
+#include <cstdio>
+#include <filesystem>
+
+namespace phone {
+
+namespace {
+
+constexpr int statusFailed = 1;
+constexpr int statusUnusable = 2;
+constexpr int mostRounds = 1000; // of a `repeat` that gives no number
+
+/// A command inside has failed and was told of.
+struct Abandoned {
+    int status;
+};
+
+} // namespace
+
+/// Does one command.
+struct Player::Performer {
+    Player& player;
+    const Command& command;
+
+    Screen& screen() const { return player.screen(command); }
+    Engine engine() const { return Engine(screen()); }
+
+    void operator()(const commands::LaunchApp&) const { player.launch(); }
+    void operator()(const commands::StopApp&) const {
+        screen();
+        player.stop();
+    }
+    void operator()(const commands::PhoneCall& call) const { screen().phoneCall(call.number, call.action); }
+    void operator()(const commands::Tap& tap) const {
+        switch (tap.kind) {
+        case commands::Tap::Kind::Single:
+            return engine().tap(tap.selector);
+        case commands::Tap::Kind::Long:
+            return engine().longPress(tap.selector);
+        case commands::Tap::Kind::Double:
+            return engine().doubleTap(tap.selector);
+        }
+    }
+    void operator()(const commands::Swipe& swipe) const { engine().swipe(swipe.start, swipe.end, swipe.seconds); }
+    void operator()(const commands::InputText& input) const { screen().type(input.text); }
+    void operator()(const commands::EraseText& erase) const { engine().erase(erase.count); }
+    void operator()(const commands::PressKey& press) const { screen().key(press.key); }
+    void operator()(const commands::SetClipboard& set) const { screen().setClipboard(set.text); }
+    void operator()(const commands::PasteText&) const { screen().pasteText(); }
+    void operator()(const commands::HideKeyboard&) const { screen().hideKeyboard(); }
+    void operator()(const commands::AssertVisible& check) const { engine().assertVisible(check.selector); }
+    void operator()(const commands::AssertNotVisible& check) const { engine().assertNotVisible(check.selector); }
+    void operator()(const commands::WaitForAnimationToEnd&) const { screen().settle(); }
+    void operator()(const commands::Advance& advance) const { screen().advance(advance.seconds); }
+    void operator()(const commands::SetOrientation& turn) const { screen().setOrientation(turn.orientation); }
+
+    void operator()(const commands::SetClock& set) const {
+        player._wallClock = player.moment(set.localTime);
+        if (player._application) {
+            player._application->setClock(player._wallClock);
+        }
+    }
+    void operator()(const commands::SetPreferences& set) const { writePreferences(player._options.root, set); }
+
+    void operator()(const commands::TakeScreenshot& shot) const {
+        const std::string path = player.outputPath(shot.name, ".png");
+        screen().screenshot(path);
+    }
+    void operator()(const commands::DumpTree& dump) const {
+        writeAtomically(player.outputPath(dump.name, ".xml"), screen().tree());
+    }
+    void operator()(const commands::DumpLog& dump) const {
+        writeAtomically(player.outputPath(dump.name, ".jsonl"), screen().log());
+    }
+
+    void operator()(const commands::RunFlow& flow) const {
+        if (flow.when && !(flow.when->visible ? engine().becomesVisible(flow.when->selector)
+                                              : engine().becomesInvisible(flow.when->selector))) {
+            return;
+        }
+        all(flow.commands);
+    }
+    void operator()(const commands::Repeat& repeat) const {
+        for (long round = 0; !repeat.times || round < *repeat.times; ++round) {
+            if (repeat.loop && !goesOn(*repeat.loop)) {
+                return;
+            }
+            if (!repeat.times && round == mostRounds) {
+                throw CommandFailure("still going after " + std::to_string(mostRounds) + " rounds");
+            }
+            all(repeat.commands);
+        }
+    }
+
+    /// A thing that is to be there is waited for; one that is not to be there would, once it has come and
+    /// ended the loop, be waited for to go again, so that is asked as the screen stands.
+    bool goesOn(const Condition& condition) const {
+        return condition.visible ? engine().becomesVisible(condition.selector)
+                                 : !engine().isVisible(condition.selector);
+    }
+
+    void all(const std::vector<Command>& inner) const {
+        if (const int status = player.performAll(inner)) {
+            throw Abandoned{status};
+        }
+    }
+};
+
+int Player::play(const std::vector<Flow>& flows) {
+    int status = 0;
+    for (const Flow& flow : flows) {
+        const int result = playFlow(flow);
+        status = status == 0 ? result : status;
+    }
+    if (_application && !flows.empty()) {
+        const int result = attempt({flows.back().file, 0}, "the end of the play", [&] { stop(); });
+        status = status == 0 ? result : status;
+    }
+    return status;
+}
+
+int Player::playFlow(const Flow& flow) {
+    _report.beginFlow(flow.name, flow.file);
+    int status = attempt({flow.file, 0}, "the header", [&] { enterFlow(flow); });
+    if (status == 0) {
+        status = performAll(flow.commands);
+    }
+    if (status == 0 && _application) {
+        const Place end = {flow.file, flow.commands.empty() ? 0 : flow.commands.back().place.line};
+        status = attempt(end, "the end of the flow", [&] { _application->settle(); });
+    }
+    _report.endFlow(status == 0);
+    return status;
+}
+
+void Player::enterFlow(const Flow& flow) {
+    const bool isFirst = _clockZone.empty();
+    _settings = launchSettings(_options.phone, flow.phone);
+    rememberZone(_options.root, _settings.zone);
+
+    // The clock goes on from flow to flow unless a flow says what time it is.
+    const double before = _wallClock;
+    if (_options.phone.now) {
+        if (_clockZone != _settings.zone) {
+            _wallClock = moment(*_options.phone.now);
+        }
+    } else if (flow.phone.now) {
+        _wallClock = moment(*flow.phone.now);
+    } else if (isFirst) {
+        _wallClock = _options.startedAt;
+    }
+    _clockZone = _settings.zone;
+    if (_application && _wallClock != before) {
+        _application->setClock(_wallClock);
+    }
+}
+
+int Player::performAll(const std::vector<Command>& commands) {
+    for (const Command& command : commands) {
+        const std::size_t number = _report.beginCommand(command.place.line, command.name);
+        const auto began = std::chrono::steady_clock::now();
+        std::string message;
+        const int status = attempt(command.place, command.name, [&] {
+            try {
+                std::visit(Performer{*this, command}, command.what);
+            } catch (const std::exception& error) {
+                message = error.what();
+                throw;
+            } catch (const Abandoned&) {
+                message = "a command inside failed";
+                throw;
+            }
+        });
+        _report.endCommand(number, status == 0, message, std::chrono::steady_clock::now() - began);
+        if (status != 0) {
+            return status;
+        }
+    }
+    return 0;
+}
+
+template <class Work>
+int Player::attempt(const Place& place, const std::string& name, const Work& work) {
+    const auto tell = [&](const std::exception& error) {
+        std::string line = place.text() + ": " + name + ": " + error.what();
+        for (char& c : line) {
+            c = c == '\n' || c == '\r' ? ' ' : c;
+        }
+        std::fprintf(stderr, "%s\n", line.c_str());
+    };
+    try {
+        work();
+        return 0;
+    } catch (const Abandoned& inner) {
+        return inner.status;
+    } catch (const InputError& error) {
+        tell(error);
+        return statusUnusable;
+    } catch (const ApplicationDied& error) {
+        _application.reset();
+        tell(error);
+    } catch (const std::exception& error) {
+        tell(error);
+    }
+    return statusFailed;
+}
+
+Screen& Player::screen(const Command& command) {
+    if (!_application) {
+        throw InputError("the phone application does not run; put `- launchApp` before " + command.name);
+    }
+    return *_application;
+}
+
+void Player::launch() {
+    stop();
+    _application = std::make_unique<ApplicationProcess>(
+        ApplicationProcess::Start{_options.executable, _options.root, _settings, _wallClock});
+}
+
+void Player::stop() {
+    if (_application) {
+        _application->settle();
+        _application->stop();
+        _application.reset();
+    }
+}
+
+double Player::moment(const std::string& localTime) const {
+    const auto moment = momentOf(localTime, _settings.zone);
+    if (!moment) {
+        throw InputError("clocks in " + _settings.zone + " never show " + localTime);
+    }
+    return *moment;
+}
+
+std::string Player::outputPath(const std::string& name, const char* ending) const {
+    const auto path = std::filesystem::path(_options.out) / (name + ending);
+    std::error_code error;
+    std::filesystem::create_directories(path.parent_path(), error);
+    if (error) {
+        throw InputError({path.parent_path().string(), 0}, "cannot be made: " + error.message());
+    }
+    return path.string();
+}
+
+} // namespace phone

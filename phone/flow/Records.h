@@ -1,0 +1,17 @@
+/// What stands in a phone's stores.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+
+namespace phone {
+
+/// `{"notes": [...], "reminders": [...], "events": [...]}`, each in order of creation, dates with the
+/// zone's offset. A store that is missing has no records; throws InputError when one cannot be read.
+nlohmann::ordered_json records(const std::string& root, const std::string& zone);
+
+/// The same for a person: one line a note.
+std::string recordsTable(const nlohmann::ordered_json& records);
+
+} // namespace phone

@@ -1,0 +1,114 @@
+#include "phone/flow/ScreenTree.h"
+
+#include "phone/device/Screen.h"
+
+#include <algorithm>
+#include <iterator>
+#include <sstream>
+#include <string_view>
+
+namespace phone {
+
+namespace {
+
+/// The texts that a person reads on an element.
+std::vector<std::string> texts(pugi::xml_node node) {
+    std::vector<std::string> all;
+    const auto add = [&](const char* name) {
+        if (const auto attribute = node.attribute(name); attribute && *attribute.value()) {
+            all.emplace_back(attribute.value());
+        }
+    };
+    add("text");
+    add("label");
+    if (all.empty()) {
+        add("placeholder"); // gone from the screen as soon as there is text
+    }
+    if (!node.attribute("controller")) {
+        add("title"); // a controller's title is not on the screen by itself
+    }
+    return all;
+}
+
+bool matches(pugi::xml_node node, const Selector& selector) {
+    if (selector.id && !(node.attribute("id") && selector.id->matches(node.attribute("id").value()))) {
+        return false;
+    }
+    if (selector.text) {
+        const auto all = texts(node);
+        return std::any_of(all.begin(), all.end(), [&](const auto& text) { return selector.text->matches(text); });
+    }
+    return selector.id.has_value();
+}
+
+void collect(pugi::xml_node parent, const Selector& selector, std::vector<ScreenElement>& into) {
+    for (pugi::xml_node child : parent.children()) {
+        const bool found = matches(child, selector);
+        if (found) {
+            into.emplace_back(child);
+        }
+        if (!found || !ScreenElement(child).isVisible()) {
+            collect(child, selector, into);
+        }
+    }
+}
+
+} // namespace
+
+std::optional<ScreenPoint> ScreenElement::touchPoint() const {
+    ScreenPoint point;
+    std::istringstream text(_node.attribute("touch").value());
+    text.imbue(std::locale::classic());
+    return text >> point.x >> point.y ? std::optional(point) : std::nullopt;
+}
+
+ScreenPoint ScreenElement::at(const PointSpec& point) const {
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+    std::istringstream text(_node.attribute("screen").value());
+    text.imbue(std::locale::classic());
+    text >> x >> y >> width >> height;
+    return {x + point.x.in(width), y + point.y.in(height)};
+}
+
+bool ScreenElement::isOfKeyboard() const {
+    for (pugi::xml_node node = _node; node; node = node.parent()) {
+        if (std::string_view(node.name()).find("Keyboard") != std::string_view::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
+ScreenTree::ScreenTree(const std::string& xml) {
+    const auto result = _document.load_buffer(xml.data(), xml.size());
+    _screen = _document.child("screen");
+    if (!result || !_screen) {
+        throw ScreenError("the phone application gave no tree of its screen");
+    }
+}
+
+std::vector<ScreenElement> ScreenTree::all(const Selector& selector) const {
+    std::vector<ScreenElement> found;
+    collect(_screen, selector, found);
+    std::vector<ScreenElement> ordered;
+    for (const bool keys : {false, true}) {
+        std::copy_if(found.begin(), found.end(), std::back_inserter(ordered),
+                     [&](const ScreenElement& element) { return element.isOfKeyboard() == keys; });
+    }
+    return ordered;
+}
+
+std::vector<ScreenElement> ScreenTree::visible(const Selector& selector) const {
+    auto found = all(selector);
+    std::erase_if(found, [](const auto& element) { return !element.isVisible(); });
+    if (selector.index) {
+        const auto index = static_cast<std::size_t>(*selector.index);
+        return index < found.size() ? std::vector{found[index]} : std::vector<ScreenElement>{};
+    }
+    return found;
+}
+
+} // namespace phone

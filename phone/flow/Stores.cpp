@@ -1,0 +1,106 @@
+#include "phone/flow/Stores.h"
+
+#include "phone/flow/Yaml.h"
+
+namespace phone {
+
+namespace {
+
+/// Whether this one is the default; refuses a second one.
+bool isDefault(const YamlMap& keys, bool& taken) {
+    const auto given = keys.find("default");
+    const bool chosen = given && given->boolean("default");
+    if (chosen && taken) {
+        given->fail("there can be one default only");
+    }
+    taken = taken || chosen;
+    return chosen;
+}
+
+std::string title(const YamlMap& keys, const char* key) {
+    const Yaml node = keys.require(key);
+    std::string text = node.text(key);
+    if (text.empty()) {
+        node.fail(std::string(key) + " has to be a text that is not empty");
+    }
+    return text;
+}
+
+Access access(const Yaml& node) {
+    const std::string word = node.text("access");
+    if (word == "ask") {
+        return Access::Ask;
+    }
+    if (word == "allow") {
+        return Access::Allow;
+    }
+    if (word != "deny") {
+        node.fail("access \"" + word + "\" is not one of ask, allow, deny");
+    }
+    return Access::Deny;
+}
+
+void readNotes(const Yaml& node, std::vector<NotesAccount>& accounts) {
+    const auto list = node.map("notes", {"accounts"}).find("accounts");
+    if (!list) {
+        return;
+    }
+    accounts.clear();
+    bool taken = false;
+    for (const Yaml& item : list->list("accounts")) {
+        const YamlMap keys = item.map("an account", {"name", "default"});
+        accounts.push_back({title(keys, "name"), isDefault(keys, taken)});
+    }
+}
+
+std::vector<CalendarStore> readCalendars(const Yaml& node, bool mayBeReadOnly) {
+    std::vector<CalendarStore> all;
+    bool taken = false;
+    for (const Yaml& item : node.list(mayBeReadOnly ? "calendars" : "lists")) {
+        const YamlMap keys = mayBeReadOnly ? item.map("a calendar", {"title", "default", "readOnly"})
+                                           : item.map("a list", {"title", "default"});
+        CalendarStore calendar = {title(keys, "title"), isDefault(keys, taken), false};
+        if (const auto readOnly = keys.find("readOnly")) {
+            calendar.isReadOnly = readOnly->boolean("readOnly");
+        }
+        all.push_back(std::move(calendar));
+    }
+    return all;
+}
+
+} // namespace
+
+Stores Stores::read(const std::string& file) {
+    Stores stores;
+    const std::vector<Yaml> documents = Yaml::documents(file);
+    if (documents.empty() || (documents.size() == 1 && documents.front().isNull())) {
+        return stores;
+    }
+    if (documents.size() > 1) {
+        throw InputError({file, 0}, "has to be one document");
+    }
+    const YamlMap keys = documents.front().map("the stores", {"notes", "reminders", "events"});
+    if (const auto notes = keys.find("notes")) {
+        readNotes(*notes, stores.notes);
+    }
+    const auto readPart = [&](const char* name, const char* list, Access& permission,
+                              std::vector<CalendarStore>& calendars) {
+        const auto part = keys.find(name);
+        if (!part) {
+            return;
+        }
+        stores.saysCalendars = true;
+        const YamlMap partKeys = part->map(name, {"access", list});
+        if (const auto given = partKeys.find("access")) {
+            permission = access(*given);
+        }
+        if (const auto given = partKeys.find(list)) {
+            calendars = readCalendars(*given, std::string_view(list) == "calendars");
+        }
+    };
+    readPart("reminders", "lists", stores.reminderAccess, stores.reminders);
+    readPart("events", "calendars", stores.eventAccess, stores.events);
+    return stores;
+}
+
+} // namespace phone

@@ -1,0 +1,46 @@
+#include "phone/uikit/ActivityIcon.h"
+
+#include "phone/uikit/Image.h"
+
+#include <algorithm>
+
+namespace phone {
+
+namespace {
+
+constexpr Color tile{1, 1, 1, 0.85};
+constexpr Color edge{0, 0, 0, 0.08};
+constexpr Color stencil{0.33, 0.33, 0.35, 1};
+
+} // namespace
+
+void ActivityIcon::define(objc::ClassTable<ActivityIcon>& c) { c.overrides<"drawRect:", &ActivityIcon::drawRect>(); }
+
+UIView ActivityIcon::with(const UIActivity& activity) {
+    const auto icon = objc::make<objc::Ref<ActivityIcon>, "initWithFrame:">(CGRect(0, 0, side, side));
+    icon->_activity = activity;
+    icon->_image = activity.activityImage();
+    icon->setUserInteractionEnabled(false);
+    return objc::as<UIView>(icon);
+}
+
+void ActivityIcon::drawRect(CGRect) {
+    Painter* painter = Painter::current();
+    if (painter == nullptr) {
+        return;
+    }
+    const CGRect all = bounds();
+    if (objc::responds<"_drawIconInRect:">(_activity)) {
+        _activity.send<"_drawIconInRect:">(all);
+        return;
+    }
+    painter->fill(all, tile, radius);
+    painter->stroke(all, edge, 0.5, radius);
+    // A picture that is too large is cut down to the tile, a smaller one stays as it is.
+    const CGSize size = _image.size();
+    const double fit = std::min({1.0, side / std::max<double>(size.width, 1), side / std::max<double>(size.height, 1)});
+    const CGSize shown{size.width * fit, size.height * fit};
+    drawImageMask(*painter, _image, {{(side - shown.width) / 2, (side - shown.height) / 2}, shown}, stencil);
+}
+
+} // namespace phone

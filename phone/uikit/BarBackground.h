@@ -1,0 +1,20 @@
+/// The translucent ground of a bar, and the hairline below it.
+#pragma once
+
+#include "platform/uikit/UIView.h"
+
+namespace phone {
+
+class BarBackground : public objc::Defines<BarBackground, UIView> {
+public:
+    static constexpr auto objc_name = "_UINavigationBarBackground";
+    static void define(objc::ClassTable<BarBackground>& c) {
+        c.init<"initWithFrame:", &BarBackground::initWithFrame>().overrides<"drawRect:", &BarBackground::drawRect>();
+    }
+
+private:
+    void initWithFrame(CGRect frame);
+    void drawRect(CGRect rect);
+};
+
+} // namespace phone

@@ -1,0 +1,171 @@
+#include "phone/uikit/Compositor.h"
+
+#include "phone/device/Settings.h"
+#include "phone/uikit/Color.h"
+#include "phone/uikit/HeldScreen.h"
+#include "phone/uikit/Layer.h"
+#include "phone/uikit/StatusBar.h"
+#include "phone/uikit/View.h"
+#include "phone/uikit/ViewController.h"
+#include "phone/uikit/Window.h"
+
+#include <algorithm>
+#include <numbers>
+
+namespace phone {
+
+namespace {
+
+constexpr UIWindowLevel statusBarLevel = 1000;
+
+/// Saves the painter's state for a scope.
+class Saved {
+public:
+    explicit Saved(Painter& painter) : _painter(painter) { painter.save(); }
+    ~Saved() { _painter.restore(); }
+    Saved(const Saved&) = delete;
+    Saved& operator=(const Saved&) = delete;
+
+private:
+    Painter& _painter;
+};
+
+bool drawsItself(const UIView& view) {
+    SEL drawRect = objc::selector<"drawRect:">();
+    return class_getMethodImplementation(object_getClass(view.raw()), drawRect) !=
+           class_getMethodImplementation(View::definedClass(), drawRect);
+}
+
+void draw(Painter& painter, const UIView& view);
+
+/// What the view draws of itself and its children, with the origin of its bounds at the painter's.
+void drawInside(Painter& painter, const UIView& view, const View& peer, const Presentation& now) {
+    const Saved saved(painter);
+    painter.translate(-now.bounds.origin.x, -now.bounds.origin.y);
+    if (drawsItself(view)) {
+        const Saved content(painter);
+        painter.clip(now.bounds); // what a view draws never leaves its bounds
+        const CurrentPainter current(painter);
+        view.send<"drawRect:">(now.bounds);
+    }
+    const auto children = peer.children();
+    for (const UIView& child : children) {
+        draw(painter, child);
+    }
+}
+
+void drawLayer(Painter& painter, const UIView& view, const View& peer, const Presentation& now) {
+    Layer* layer = Layer::of(peer.layer());
+    const CGRect area{{}, now.bounds.size};
+    const double radius = layer->cornerRadius();
+    {
+        const Saved saved(painter);
+        if (layer->masksToBounds()) {
+            painter.clip(area, radius);
+        }
+        if (now.background) {
+            painter.fill(area, colorOf(now.background), radius);
+        }
+        drawInside(painter, view, peer, now);
+    }
+    const double width = layer->borderWidth();
+    if (width > 0 && layer->borderColor() != nullptr) {
+        const CGRect line{width / 2, width / 2, area.size.width - width, area.size.height - width};
+        painter.stroke(line, layer->borderColor()->color, width, std::max(0.0, radius - width / 2));
+    }
+}
+
+void draw(Painter& painter, const UIView& view) {
+    const View* peer = View::of(view);
+    if (peer == nullptr || view.isHidden()) {
+        return;
+    }
+    const Presentation now = peer->presentation();
+    if (now.alpha <= 0) {
+        return;
+    }
+    const Saved saved(painter);
+    const CGRect frame = now.frame();
+    painter.translate(frame.origin.x, frame.origin.y);
+    const bool translucent = now.alpha < 1;
+    if (translucent) {
+        painter.beginGroup();
+    }
+    drawLayer(painter, view, *peer, now);
+    if (translucent) {
+        painter.endGroup(now.alpha);
+    }
+}
+
+/// The controller that fills the screen: what the frontmost application window's root presents, but for
+/// what merely lies over it.
+UIViewController controllerInFront() {
+    const auto windows = Window::all();
+    const auto found = std::find_if(windows.rbegin(), windows.rend(), [](const UIWindow& window) {
+        return window.windowLevel() == 0 && !window.isHidden() && window.rootViewController();
+    });
+    UIViewController filling = found == windows.rend() ? UIViewController() : found->rootViewController();
+    for (UIViewController above = filling; above; above = above.presentedViewController()) {
+        const auto* peer = ViewController::of(above);
+        filling = peer != nullptr && peer->presentsFullScreen() ? above : filling;
+    }
+    return filling;
+}
+
+/// Whether what has been drawn under the status bar is dark on the whole.
+bool isDarkUnderStatusBar(const Canvas& canvas) {
+    constexpr int samples = 16;
+    const DeviceProfile& device = settings().device;
+    unsigned light = 0;
+    for (int i = 0; i < samples; ++i) {
+        const CGPoint point =
+            HeldScreen::shared().held(CGPoint{device.width * (i + 0.5) / samples, statusBarHeight / 2});
+        const unsigned pixel =
+            canvas.pixel(static_cast<int>(point.x * device.scale), static_cast<int>(point.y * device.scale));
+        light += ((pixel >> 16) & 0xff) + ((pixel >> 8) & 0xff) + (pixel & 0xff);
+    }
+    constexpr unsigned half = samples * 3 * 0x80;
+    return light < half;
+}
+
+/// `UIStatusBarStyleLightContent`
+constexpr objc::Int lightContent = 1;
+
+/// White where the controller in front asks for it, and over what is dark: the text is always legible.
+Color statusBarColor(const Canvas& canvas) {
+    const bool asked = controllerInFront().send<"preferredStatusBarStyle", objc::Int>() == lightContent;
+    return asked || isDarkUnderStatusBar(canvas) ? Color{1, 1, 1, 1} : Color{0, 0, 0, 1};
+}
+
+void drawScreen(const Canvas& canvas, Painter& painter, double width, double height) {
+    painter.fill({0, 0, width, height}, Color{0, 0, 0, 1});
+    const auto windows = Window::all();
+    auto window = windows.begin();
+    for (; window != windows.end() && window->windowLevel() < statusBarLevel; ++window) {
+        draw(painter, *window);
+    }
+    drawStatusBar(painter, width, statusBarColor(canvas));
+    for (; window != windows.end(); ++window) {
+        draw(painter, *window);
+    }
+}
+
+} // namespace
+
+std::unique_ptr<Canvas> pictureOfScreen() {
+    const DeviceProfile& device = settings().device;
+    const HeldScreen& held = HeldScreen::shared();
+    const CGSize size = held.size();
+    auto canvas = Canvas::make(size.width, size.height, device.scale);
+    Painter& painter = canvas->painter();
+    const Saved saved(painter);
+    painter.translate(size.width / 2, size.height / 2);
+    painter.rotate(held.quarterTurns() * std::numbers::pi / 2);
+    painter.translate(-device.width / 2, -device.height / 2);
+    drawScreen(*canvas, painter, device.width, device.height);
+    return canvas;
+}
+
+bool writeScreenshot(const std::string& path) { return pictureOfScreen()->writePng(path); }
+
+} // namespace phone

@@ -1,0 +1,16 @@
+/// Draws what is on the screen: the windows, back to front, as they look at this moment.
+#pragma once
+
+#include "phone/coregraphics/Painter.h"
+
+#include <memory>
+#include <string>
+
+namespace phone {
+
+/// A picture of the screen as the person holds it, at the device's scale.
+std::unique_ptr<Canvas> pictureOfScreen();
+/// Writes it as a PNG file; false when the file cannot be written.
+bool writeScreenshot(const std::string& path);
+
+} // namespace phone

@@ -1,0 +1,63 @@
+/// The keyboard on the screen: when it comes and goes, and what its keys do.
+#pragma once
+
+#include "phone/device/RunLoop.h"
+#include "platform/uikit/UIResponder.h"
+#include "platform/uikit/UIWindow.h"
+
+#include <string>
+
+namespace phone {
+
+/// Puts one character (in UTF-8; what a person perceives as one counts as one) into the text being
+/// edited, as its key does. A line break presses the return key. Throws std::runtime_error when no text
+/// is being edited.
+void typeCharacter(const std::string& utf8);
+/// Types a text character by character.
+void typeText(const std::string& utf8);
+/// "enter" or "backspace". Throws std::runtime_error for another name, or when no text is being edited.
+void pressKey(const std::string& name);
+/// Puts the keyboard away as a person can: by the tablet's own key, or by a return key that reads Done.
+/// Throws std::runtime_error where there is no such key.
+void hideKeyboard();
+/// Puts the pasteboard's text in place of the selection, in one change. Throws as `typeCharacter` does.
+void pasteText();
+
+/// One per process. It stands in a window of its own above the application's and stays while the first
+/// responder is a text input, whichever. Its notifications carry rectangles of the screen held upright.
+class Keyboard {
+public:
+    static constexpr double slideSeconds = 0.25;
+    /// The curve of the slide as the notifications name it; none of the public ones.
+    static constexpr objc::Int slideCurve = 7;
+    /// Above the application's windows, below alerts.
+    static constexpr CGFloat windowLevel = 1500;
+
+    static Keyboard& shared();
+
+    /// How high the keyboard is, in points.
+    static CGFloat height(bool tablet, bool lying);
+
+    bool isShown() const { return _shown; }
+    /// In the coordinates of the screen held upright; below the screen while hidden.
+    CGRect frame() const;
+
+    /// A text input has become the first responder.
+    void show();
+    /// A text input has resigned; `coming` is what becomes first responder in its place, or nil.
+    void hide(const UIResponder& coming);
+    /// The first responder's return key may have changed.
+    void refresh();
+
+private:
+    void build();
+    void slide(CGRect to);
+    void post(id name, CGRect begin, CGRect end) const;
+
+    bool _shown = false;
+    UIWindow _window; // nil until the keyboard is first shown
+    UIView _keys;
+    RunLoop::TimerId _arrival = 0; // 0 while nothing slides
+};
+
+} // namespace phone

@@ -1,0 +1,78 @@
+#include "phone/uikit/TextEditing.h"
+
+#include "phone/coregraphics/Graphemes.h"
+#include "phone/foundation/Text.h"
+
+#include <algorithm>
+
+namespace phone {
+
+namespace {
+
+/// Cut to the text.
+NSRange within(NSRange range, objc::UInt length) {
+    const objc::UInt start = std::min(range.location, length);
+    return {start, std::min(range.length, length - start)};
+}
+
+NSString copied(const NSString& text) { return text ? text.send<"copy", NSString>() : ""_ns; }
+
+} // namespace
+
+void TextEditing::setText(const NSString& text) {
+    _text = copied(text);
+    _selection = {_text.length(), 0};
+    _owner.textMoved();
+}
+
+void TextEditing::setSelection(NSRange range) {
+    const NSRange inside = within(range, _text.length());
+    const auto boundaries = graphemeBoundaries(phone::text(_text));
+    const auto after = std::upper_bound(boundaries.begin(), boundaries.end(), inside.location);
+    const objc::UInt start = after == boundaries.begin() ? 0 : *std::prev(after);
+    objc::UInt end = start;
+    if (inside.length > 0) {
+        const auto last = std::lower_bound(boundaries.begin(), boundaries.end(), inside.end());
+        end = last == boundaries.end() ? _text.length() : *last;
+    }
+    _selection = {start, end - start};
+    _owner.textMoved();
+}
+
+void TextEditing::insert(const NSString& text) { replace(_selection, copied(text)); }
+
+void TextEditing::deleteBackward() { replace(beforeCaret(), ""_ns); }
+
+bool TextEditing::type(const NSString& text) { return change(_selection, copied(text)); }
+
+bool TextEditing::erase() {
+    const NSRange range = beforeCaret();
+    return range.length > 0 && change(range, ""_ns);
+}
+
+NSRange TextEditing::beforeCaret() const {
+    if (_selection.length > 0) {
+        return _selection;
+    }
+    const auto boundaries = graphemeBoundaries(phone::text(_text));
+    const auto here = std::lower_bound(boundaries.begin(), boundaries.end(), _selection.location);
+    const objc::UInt start = here == boundaries.begin() ? 0 : *std::prev(here);
+    return {start, _selection.location - start};
+}
+
+bool TextEditing::change(NSRange range, const NSString& replacement) {
+    if (!_owner.mayChange(range, replacement)) {
+        return false;
+    }
+    replace(within(range, _text.length()), replacement); // who was asked may have set another text
+    _owner.textChanged();
+    return true;
+}
+
+void TextEditing::replace(NSRange range, const NSString& replacement) {
+    _text = _text.stringByReplacingCharactersInRange(range, replacement);
+    _selection = {range.location + replacement.length(), 0};
+    _owner.textMoved();
+}
+
+} // namespace phone

@@ -1,0 +1,58 @@
+/// The text being edited, and the caret in it: what text fields and text views share.
+#pragma once
+
+#include "platform/foundation/NSString.h"
+
+namespace phone {
+
+/// Positions are UTF-16 units, as the platform counts them. What a person perceives as one character is
+/// passed, and erased, as one.
+class TextEditing {
+public:
+    /// Whose text it is.
+    class Owner {
+    public:
+        virtual ~Owner() = default;
+        /// The person wants to put this text in place of the range.
+        virtual bool mayChange(NSRange range, const NSString& replacement) = 0;
+        /// The text changed by the person's or a key's doing.
+        virtual void textChanged() = 0;
+        /// What is shown has changed, for whatever reason: text or caret.
+        virtual void textMoved() = 0;
+    };
+
+    explicit TextEditing(Owner& owner) : _owner(owner) {}
+
+    /// Never nil.
+    NSString text() const { return _text; }
+    bool isEmpty() const { return _text.length() == 0; }
+    /// A range of length zero is the caret.
+    NSRange selection() const { return _selection; }
+
+    /// Replaces everything without asking; nil counts as "". The caret goes to the end.
+    void setText(const NSString& text);
+    /// Cut to the text, and widened to whole characters.
+    void setSelection(NSRange range);
+    void placeCaret(objc::UInt position) { setSelection({position, 0}); }
+
+    /// Puts the text in place of the selection without asking, as code does.
+    void insert(const NSString& text);
+    /// Erases the selection, or else the character before the caret, without asking.
+    void deleteBackward();
+
+    /// The same as the person does it, asking the owner first. False when it refused.
+    bool type(const NSString& text);
+    /// At the start of the text nothing is asked and nothing happens.
+    bool erase();
+
+private:
+    NSRange beforeCaret() const;
+    bool change(NSRange range, const NSString& replacement);
+    void replace(NSRange range, const NSString& replacement);
+
+    Owner& _owner;
+    NSString _text = ""_ns;
+    NSRange _selection;
+};
+
+} // namespace phone

@@ -1,0 +1,24 @@
+/// What the keyboard writes into: a text field or a text view that is the first responder.
+#pragma once
+
+#include "platform/foundation/NSString.h"
+#include "platform/uikit/UIResponder.h"
+#include "platform/uikit/UITextInput.h"
+
+namespace phone {
+
+/// The keys' side of a text input. All of it asks the delegate as the platform does.
+class TextInput {
+public:
+    virtual ~TextInput() = default;
+    /// One character, or a text that is pasted.
+    virtual void enter(const NSString& text) = 0;
+    virtual void eraseBackward() = 0;
+    virtual void pressReturn() = 0;
+    virtual UIReturnKeyType returnKey() const = 0;
+};
+
+/// The text input that this responder is; nullptr for any other responder and for nil.
+TextInput* textInput(const UIResponder& responder);
+
+} // namespace phone

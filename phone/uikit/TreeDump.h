@@ -1,0 +1,14 @@
+/// The views on the screen as XML.
+#pragma once
+
+#include <string>
+
+namespace phone {
+
+/// Root `screen`, one element per window below it, back to front, then one per view in subview order.
+/// Coordinates are points; `frame` is in the superview, `screen` as the person holds the device. For
+/// finding, each element also says whether it is `visible` and, where a touch reaches it or something
+/// inside it, a point that does (`touch`).
+std::string dumpTree(bool forFinding);
+
+} // namespace phone

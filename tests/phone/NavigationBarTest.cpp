@@ -1,0 +1,198 @@
+#include "tests/phone/PhoneTest.h"
+
+#include "phone/foundation/Text.h"
+#include "platform/uikit/UINavigationBar.h"
+
+namespace {
+
+/// Counts the actions it is sent.
+class Receiver : public objc::Defines<Receiver, NSObject> {
+public:
+    static constexpr auto objc_name = "Receiver";
+    static void define(objc::ClassTable<Receiver>& c) { c.action<"press:", &Receiver::press>(); }
+    void press(const objc::Object& from) {
+        ++count;
+        sender = from;
+    }
+
+    int count = 0;
+    objc::Object sender;
+};
+
+} // namespace
+
+class NavigationBar : public PhoneTest {
+protected:
+    NavigationBar() { useClassesOnly(); }
+
+    void show() {
+        front = window();
+        bar = UINavigationBar::withFrame({0, 0, 290, 44});
+        front.addSubview(bar);
+        receiver = objc::Ref<Receiver>::make();
+        item = UINavigationItem::withTitle("Note"_ns);
+        left = UIBarButtonItem::withTitle("Cancel"_ns, 1, receiver, objc::selector<"press:">());
+        right = UIBarButtonItem::withTitle("Done"_ns, 2, receiver, objc::selector<"press:">());
+    }
+    void setItem() {
+        run([&] {
+            item.setLeftBarButtonItem(left);
+            item.setRightBarButtonItem(right);
+            bar.setItems(NSArray::of(item));
+        });
+    }
+
+    UIWindow front;
+    UINavigationBar bar;
+    UINavigationItem item;
+    UIBarButtonItem left;
+    UIBarButtonItem right;
+    objc::Ref<Receiver> receiver;
+};
+
+TEST_F(NavigationBar, HasNoTopItemWhileItIsEmpty) {
+    show();
+
+    EXPECT_FALSE(bar.topItem());
+    bar.topItem().setTitle("Note"_ns); // goes nowhere
+
+    EXPECT_FALSE(isVisible("Note"));
+}
+
+TEST_F(NavigationBar, ShowsTheLastOfItsItems) {
+    show();
+    const auto under = UINavigationItem::withTitle("Under"_ns);
+
+    run([&] { bar.setItems(NSArray::of(under, item)); });
+
+    EXPECT_EQ(bar.topItem(), item);
+    EXPECT_EQ(bar.backItem(), under);
+    EXPECT_TRUE(isVisible("Note"));
+}
+
+TEST_F(NavigationBar, SendsTheItemsActionOfATouchedButton) {
+    show();
+    setItem();
+
+    tapOn("Done");
+
+    EXPECT_EQ(receiver->count, 1);
+    EXPECT_EQ(receiver->sender, right);
+}
+
+TEST_F(NavigationBar, MakesItsButtonsOfTheButtonClass) {
+    show();
+    setItem();
+
+    EXPECT_EQ(countClass("UINavigationButton"), 2);
+    const auto button = findClass("UINavigationButton");
+    EXPECT_EQ(attribute(button, "text"), "Cancel");
+}
+
+TEST_F(NavigationBar, CentresABoldTitleBetweenItsButtons) {
+    show();
+    setItem();
+
+    const auto title = find("Note");
+
+    EXPECT_EQ(attribute(title, "font"), "system-bold 17");
+    double x = 0;
+    double width = 0;
+    std::sscanf(title.attribute("screen").value(), "%lf %*lf %lf", &x, &width);
+    EXPECT_NEAR(x + width / 2, 145, 0.5);
+}
+
+TEST_F(NavigationBar, KeepsAMarginOfEightPointsBesideItsButtons) {
+    show();
+    setItem();
+
+    double x = 0;
+    std::sscanf(findClass("UINavigationButton", 0).attribute("frame").value(), "%lf", &x);
+    EXPECT_EQ(x, 8);
+    double width = 0;
+    std::sscanf(findClass("UINavigationButton", 1).attribute("frame").value(), "%lf %*lf %lf", &x, &width);
+    EXPECT_EQ(x + width, 290 - 8);
+}
+
+TEST_F(NavigationBar, FollowsItsItem) {
+    show();
+    setItem();
+
+    run([&] {
+        item.setTitle("Changed"_ns);
+        item.setRightBarButtonItem(nullptr);
+    });
+
+    EXPECT_TRUE(isVisible("Changed"));
+    EXPECT_FALSE(isVisible("Done"));
+    EXPECT_TRUE(isVisible("Cancel"));
+}
+
+TEST_F(NavigationBar, DisablesTheButtonOfADisabledItem) {
+    show();
+    setItem();
+
+    run([&] { right.setEnabled(false); });
+    if (find("Done").attribute("touch")) {
+        tapOn("Done");
+    }
+
+    EXPECT_EQ(receiver->count, 0);
+}
+
+TEST_F(NavigationBar, ShowsACustomViewAtItsOwnSize) {
+    show();
+    const auto custom = UIView::withFrame({50, 50, 61, 23});
+
+    run([&] {
+        item.setLeftBarButtonItem(UIBarButtonItem::withCustomView(custom));
+        bar.setItems(NSArray::of(item));
+    });
+
+    EXPECT_EQ(custom.frame(), CGRect(8, 10.5, 61, 23));
+    EXPECT_EQ(custom.superview(), bar);
+}
+
+TEST_F(NavigationBar, PrefersATitleViewToTheTitle) {
+    show();
+    const auto view = UIView::withFrame({0, 0, 40, 20});
+
+    run([&] {
+        item.setTitleView(view);
+        bar.setItems(NSArray::of(item));
+    });
+
+    EXPECT_FALSE(isVisible("Note"));
+    EXPECT_EQ(view.frame(), CGRect(125, 12, 40, 20));
+}
+
+TEST_F(NavigationBar, LeadsBackToTheItemBelow) {
+    show();
+    const auto under = UINavigationItem::withTitle("Under"_ns);
+    run([&] { bar.setItems(NSArray::of(under, item)); });
+
+    tapOn("Under");
+
+    EXPECT_EQ(bar.topItem(), under);
+}
+
+TEST_F(NavigationBar, NamesTheWayBackInThePhonesLanguageWhereTheItemHasNoTitle) {
+    useLanguage("de-DE");
+    show();
+
+    run([&] { bar.setItems(NSArray::of(UINavigationItem::withTitle(nullptr), item)); });
+
+    EXPECT_TRUE(isVisible("Zurück"));
+}
+
+TEST_F(NavigationBar, ShowsALeftItemInPlaceOfTheWayBack) {
+    show();
+
+    run([&] {
+        item.setLeftBarButtonItem(left);
+        bar.setItems(NSArray::of(UINavigationItem::withTitle("Under"_ns), item));
+    });
+
+    EXPECT_TRUE(isVisible("Cancel"));
+    EXPECT_FALSE(isVisible("Under"));
+}

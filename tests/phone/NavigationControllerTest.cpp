@@ -1,0 +1,264 @@
+#include "tests/phone/PhoneTest.h"
+#include "tests/phone/Probe.h"
+
+#include "phone/foundation/Text.h"
+#include "platform/objc/Exception.h"
+
+#include <algorithm>
+
+using Lines = std::vector<std::string>;
+
+class NavigationController : public PhoneTest {
+protected:
+    NavigationController() { useClassesOnly(); }
+
+    /// A navigation controller on the screen, with one probe named "root".
+    void show() {
+        const UIWindow front = window();
+        root = Probe::with("root");
+        navigation = UINavigationController::withRoot(root);
+        run([&] { front.setRootViewController(navigation); });
+        settle();
+        takeProbed();
+    }
+    UIViewController push(const std::string& name, bool animated = true) {
+        const auto controller = Probe::with(name);
+        run([&] { navigation.push(controller, animated); });
+        settle();
+        return controller;
+    }
+    /// The name of the platform exception that the work raises; "" for none.
+    template <class Work>
+    static std::string raised(Work work) {
+        try {
+            work();
+        } catch (...) {
+            return phone::text(objc::caughtObject().send<"name", NSString>());
+        }
+        return "";
+    }
+
+    void TearDown() override {
+        navigation = nullptr;
+        root = nullptr;
+        PhoneTest::TearDown();
+    }
+
+    UINavigationController navigation;
+    UIViewController root;
+};
+
+TEST_F(NavigationController, ShowsItsRoot) {
+    const UIWindow front = window();
+    const auto controller = UINavigationController::withRoot(Probe::with("root"));
+
+    EXPECT_EQ(takeProbed(), Lines{});
+    run([&] { front.setRootViewController(controller); });
+
+    EXPECT_EQ(takeProbed(), (Lines{"root loadView", "root viewDidLoad", "root willAppear", "root didAppear"}));
+    EXPECT_EQ(controller.topViewController().view().frame(), CGRect(0, 0, 320, 568));
+    EXPECT_EQ(controller.topViewController().navigationController(), controller);
+}
+
+TEST_F(NavigationController, PushesInThePlatformsOrder) {
+    show();
+
+    push("next");
+
+    EXPECT_EQ(takeProbed(), (Lines{"next loadView", "next viewDidLoad", "root willDisappear", "next willAppear",
+                                   "root didDisappear", "next didAppear"}));
+}
+
+TEST_F(NavigationController, PopsInThePlatformsOrder) {
+    show();
+    {
+        const objc::Pool pool;
+        push("next");
+    }
+    takeProbed();
+
+    run([&] { navigation.pop(true); });
+    settle();
+
+    EXPECT_EQ(takeProbed(),
+              (Lines{"next willDisappear", "root willAppear", "next didDisappear", "root didAppear", "next dealloc"}));
+}
+
+TEST_F(NavigationController, KeepsTheOrderWithoutAnimation) {
+    show();
+
+    push("next", false);
+
+    EXPECT_EQ(takeProbed(), (Lines{"next loadView", "next viewDidLoad", "root willDisappear", "next willAppear",
+                                   "root didDisappear", "next didAppear"}));
+    EXPECT_FALSE(Probe::wasAnimated);
+}
+
+TEST_F(NavigationController, ChangesItsStackAtOnceAndLoadsTheViewLater) {
+    show();
+    const auto next = Probe::with("next");
+
+    run([&] {
+        navigation.push(next, true);
+        EXPECT_EQ(navigation.topViewController(), next);
+        EXPECT_EQ(navigation.viewControllers().count(), 2u);
+        EXPECT_FALSE(next.isViewLoaded());
+    });
+
+    EXPECT_TRUE(next.isViewLoaded());
+}
+
+TEST_F(NavigationController, TellsNobodyInBetweenWhenItPopsToTheRoot) {
+    show();
+    const auto middle = push("middle");
+    const auto top = push("top");
+    takeProbed();
+    NSArray popped;
+
+    run([&] { popped = navigation.popToRoot(true); });
+    settle();
+
+    EXPECT_EQ(takeProbed(), (Lines{"top willDisappear", "root willAppear", "top didDisappear", "root didAppear"}));
+    ASSERT_EQ(popped.count(), 2u);
+    EXPECT_EQ(popped.at<UIViewController>(0), middle);
+    EXPECT_EQ(popped.at<UIViewController>(1), top);
+}
+
+TEST_F(NavigationController, PopsToOneOfItsScreens) {
+    show();
+    const auto middle = push("middle");
+    push("top");
+
+    run([&] { navigation.popTo(middle, true); });
+    settle();
+
+    EXPECT_EQ(navigation.topViewController(), middle);
+    EXPECT_TRUE(middle.view().window());
+}
+
+TEST_F(NavigationController, RaisesWhenToldToPopToAStranger) {
+    show();
+
+    const std::string name = raised([&] { navigation.popTo(Probe::with("stranger"), true); });
+
+    EXPECT_EQ(name, "NSInternalInconsistencyException");
+}
+
+TEST_F(NavigationController, RaisesWhenTheSameScreenIsPushedTwice) {
+    show();
+
+    const std::string name = raised([&] { navigation.push(root, true); });
+
+    EXPECT_EQ(name, "NSInvalidArgumentException");
+    EXPECT_EQ(navigation.viewControllers().count(), 1u);
+}
+
+TEST_F(NavigationController, RaisesForANilScreen) {
+    show();
+
+    EXPECT_EQ(raised([&] { navigation.push(nullptr, true); }), "NSInvalidArgumentException");
+}
+
+TEST_F(NavigationController, PopsNothingAtItsRoot) {
+    show();
+
+    run([&] { EXPECT_FALSE(navigation.pop(true)); });
+    settle();
+
+    EXPECT_EQ(takeProbed(), Lines{});
+}
+
+TEST_F(NavigationController, IgnoresTouchesWhileScreensSlide) {
+    show();
+
+    run([&] { navigation.push(Probe::with("next"), true); });
+    EXPECT_TRUE(UIApplication::shared().isIgnoringInteractionEvents());
+    advance(0.34);
+    EXPECT_TRUE(UIApplication::shared().isIgnoringInteractionEvents());
+    advance(0.02);
+
+    EXPECT_FALSE(UIApplication::shared().isIgnoringInteractionEvents());
+}
+
+TEST_F(NavigationController, LeavesOnlyTheTopInItsView) {
+    show();
+
+    const auto next = push("next");
+
+    EXPECT_FALSE(root.view().superview());
+    EXPECT_EQ(next.view().frame(), CGRect(0, 0, 320, 568));
+}
+
+TEST_F(NavigationController, ShowsTheLastOfSeveralPushes) {
+    show();
+    const auto second = Probe::with("second");
+
+    run([&] {
+        navigation.push(Probe::with("first"), true);
+        navigation.push(second, true);
+    });
+    settle();
+
+    EXPECT_TRUE(second.view().window());
+    EXPECT_EQ(navigation.viewControllers().count(), 3u);
+}
+
+TEST_F(NavigationController, DoesAPopAfterThePushThatIsUnderWay) {
+    show();
+
+    run([&] { navigation.push(Probe::with("next"), true); });
+    run([&] { navigation.pop(true); });
+    settle();
+
+    EXPECT_TRUE(root.view().window());
+    EXPECT_FALSE(UIApplication::shared().isIgnoringInteractionEvents());
+    const auto lines = takeProbed();
+    EXPECT_EQ(lines[lines.size() - 2], "root didAppear");
+    EXPECT_EQ(lines.back(), "next dealloc");
+}
+
+TEST_F(NavigationController, HidesItsBarWithoutAnyCallback) {
+    show();
+
+    run([&] { navigation.setNavigationBarHidden(true, false); });
+    push("next");
+
+    EXPECT_TRUE(navigation.isNavigationBarHidden());
+    EXPECT_TRUE(navigation.navigationBar().isHidden());
+    EXPECT_EQ(takeProbed().size(), 6u);
+}
+
+TEST_F(NavigationController, NamesTheScreenAndTheWayBackInItsBar) {
+    show();
+    root.setTitle("Root"_ns);
+    const auto next = push("next");
+    next.setTitle("Next"_ns);
+    settle();
+
+    EXPECT_TRUE(isVisible("Next"));
+    tapOn("Root");
+    settle();
+
+    EXPECT_EQ(navigation.topViewController(), root);
+    EXPECT_TRUE(isVisible("Root"));
+}
+
+TEST_F(NavigationController, KeepsItsBarsItemsToItself) {
+    show();
+
+    EXPECT_EQ(raised([&] { navigation.navigationBar().setItems(NSArray::of()); }), "NSInternalInconsistencyException");
+}
+
+TEST_F(NavigationController, LogsPushesAndPops) {
+    show();
+    push("next");
+
+    run([&] { navigation.pop(true); });
+
+    const auto entries = log("navigation");
+    ASSERT_EQ(entries.size(), 3u); // the root is pushed too
+    EXPECT_EQ(entries[1].at("action"), "push");
+    EXPECT_EQ(entries[2].at("action"), "pop");
+    EXPECT_EQ(entries[2].at("controller"), "Probe");
+    EXPECT_EQ(entries[2].at("by"), "UINavigationController");
+}

@@ -1,0 +1,98 @@
+/// A phone of its own for each test: a fresh root folder, the phone application in this process, a finger.
+#pragma once
+
+#include "phone/applications/Session.h"
+#include "phone/device/Log.h"
+#include "phone/notes/NotesDatabase.h"
+#include "platform/objc/Pool.h"
+#include "platform/uikit/UIApplication.h"
+
+#include <gtest/gtest.h>
+#include <pugixml.hpp>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Boots at the first use, or by `boot`. Everything after that runs inside one autorelease pool.
+/// A log entry `unanswered` or `exception` fails the test unless it was expected.
+class PhoneTest : public testing::Test {
+public:
+    PhoneTest();
+    ~PhoneTest() override;
+
+    // Before booting. The defaults: iphone5, the newer application, English, 5 March 2026 14:37:12 UTC,
+    // the device's own notes account (default) and one named "Mail".
+    void useDevice(const std::string& name);
+    void useApplication(const std::string& name);
+    void useLanguage(const std::string& tag) { _settings.language = tag; }
+    void useAccounts(std::vector<phone::NotesAccount> accounts) { _accounts = std::move(accounts); }
+    /// Boots with neither library nor application: for tests of the platform's classes alone.
+    void useClassesOnly() { _start = phone::Start::Classes; }
+    /// Writes the preferences as the settings pane would: values are `true`, `false`, numbers or texts.
+    void writePreferences(const nlohmann::json& values);
+    phone::Session& boot();
+
+    // What a person does. Points of the screen.
+    void tap(double x, double y);
+    /// Touches the first element with exactly this text or placeholder, where a finger reaches it.
+    void tapOn(const std::string& text);
+    void tapOn(const pugi::xml_node& element);
+    void touch(phone::Screen::Phase phase, double x, double y) { boot().touch(phase, x, y); }
+    void type(const std::string& text) { boot().type(text); }
+    void key(const std::string& name) { boot().key(name); }
+    void advance(double seconds) { boot().advance(seconds); }
+    void settle() { boot().settle(); }
+    /// A call comes in, ringing; its screen has appeared afterwards.
+    void call(const std::string& number = "+49 30 1234567");
+    void phoneCall(const std::string& action) { boot().phoneCall("", action); }
+    /// Does some work as the application's own code would, between two cycles of the main loop.
+    void run(const std::function<void()>& work) { boot().run(work); }
+    /// A window in front of the application's with nothing in it, as large as the screen and shown.
+    UIWindow window();
+
+    // What there is to see.
+    /// The finding tree as it is now; nodes live until the next call.
+    const pugi::xml_document& tree();
+    /// The first element with this text, title or placeholder that can be touched, else the first at all;
+    /// null when there is none.
+    pugi::xml_node find(const std::string& text);
+    /// The `index`-th element of the class, in tree order; null when there are fewer.
+    pugi::xml_node findClass(const std::string& name, int index = 0);
+    int countClass(const std::string& name);
+    bool isVisible(const std::string& text);
+    std::string attribute(const pugi::xml_node& element, const char* name) { return element.attribute(name).value(); }
+
+    // What has happened.
+    std::vector<nlohmann::ordered_json> log() { return phone::Log::shared().entries(); }
+    /// The entries of one kind, in order.
+    std::vector<nlohmann::ordered_json> log(const std::string& what);
+    /// Entries of this kind ("unanswered", "exception") do not fail the test.
+    void expectLogged(const std::string& what) { _expected.push_back(what); }
+
+    // What lies on the device. Paths of the device.
+    std::filesystem::path hostPath(const std::string& devicePath) const;
+    bool exists(const std::string& devicePath) const { return std::filesystem::exists(hostPath(devicePath)); }
+    /// "" for a file that is not there.
+    std::string read(const std::string& devicePath) const;
+    void write(const std::string& devicePath, const std::string& content);
+    void remove(const std::string& devicePath) { std::filesystem::remove_all(hostPath(devicePath)); }
+    std::vector<phone::NoteRow> notes() const;
+
+protected:
+    void TearDown() override;
+
+private:
+    bool isExpected(const std::string& what) const;
+
+    phone::Settings _settings;
+    phone::Start _start = phone::Start::Everything;
+    std::vector<phone::NotesAccount> _accounts;
+    std::filesystem::path _root;
+    std::unique_ptr<objc::Pool> _pool;
+    std::unique_ptr<phone::Session> _session;
+    pugi::xml_document _tree;
+    std::vector<UIWindow> _windows;
+    std::vector<std::string> _expected;
+};

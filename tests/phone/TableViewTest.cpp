@@ -1,0 +1,349 @@
+#include "phone/uikit/TableView.h"
+
+#include "phone/foundation/Text.h"
+#include "platform/uikit/UIControl.h"
+#include "tests/phone/PhoneTest.h"
+
+namespace {
+
+using Phase = phone::Screen::Phase;
+using Entries = std::vector<std::string>;
+
+/// Rows "row 0", "row 1", ..., and a diary of what the table wanted.
+class Rows : public objc::Defines<Rows, NSObject> {
+public:
+    static constexpr auto objc_name = "TableViewTestRows";
+    static void define(objc::ClassTable<Rows>& c) {
+        c.def<"tableView:numberOfRowsInSection:", &Rows::numberOfRows>()
+            .def<"tableView:cellForRowAtIndexPath:", &Rows::cellForRow>()
+            .def<"tableView:heightForRowAtIndexPath:", &Rows::heightForRow>()
+            .def<"tableView:shouldHighlightRowAtIndexPath:", &Rows::shouldHighlight>()
+            .def<"tableView:willSelectRowAtIndexPath:", &Rows::willSelect>()
+            .def<"tableView:didSelectRowAtIndexPath:", &Rows::didSelect>();
+    }
+
+    objc::Int count = 3;
+    CGFloat height = 44;
+    bool givesCells = true;
+    int made = 0;
+    int heights = 0;
+    Entries entries;
+    std::vector<objc::Int> asked; // rows of which a cell was asked
+    Entries take() { return std::exchange(entries, {}); }
+
+private:
+    objc::Int numberOfRows(const UITableView&, objc::Int) { return count; }
+    UITableViewCell cellForRow(const UITableView& table, const NSIndexPath& path) {
+        asked.push_back(path.row());
+        if (!givesCells) {
+            return nullptr;
+        }
+        auto cell = table.dequeue("Cell"_ns);
+        if (!cell) {
+            cell = UITableViewCell::with(0, "Cell"_ns);
+            ++made;
+        }
+        cell.textLabel().setText(phone::string("row " + std::to_string(path.row())));
+        return cell;
+    }
+    CGFloat heightForRow(const UITableView&, const NSIndexPath&) {
+        ++heights;
+        return height;
+    }
+    void add(const char* what, const NSIndexPath& path) {
+        entries.push_back(what + std::string(" ") + std::to_string(path.row()));
+    }
+    bool shouldHighlight(const UITableView&, const NSIndexPath& path) {
+        add("shouldHighlight", path);
+        return true;
+    }
+    NSIndexPath willSelect(const UITableView&, const NSIndexPath& path) {
+        add("willSelect", path);
+        return path;
+    }
+    void didSelect(const UITableView&, const NSIndexPath& path) { add("didSelect", path); }
+};
+
+class TableView : public PhoneTest {
+protected:
+    void SetUp() override {
+        useClassesOnly();
+        screen = window();
+        rows = objc::Ref<Rows>::make();
+        table = UITableView::withFrame({0, 0, 290, 200}, UITableViewStyle::Plain);
+        table.setDataSource(rows);
+        table.setDelegate(rows);
+    }
+    void show() {
+        screen.addSubview(table);
+        advance(0);
+    }
+    UITableViewCell cell(objc::Int row) { return table.cellForRow(NSIndexPath::forRow(row, 0)); }
+
+    UIWindow screen;
+    objc::Ref<Rows> rows;
+    UITableView table;
+};
+
+TEST_F(TableView, AsksForCellsInLayoutAlone) {
+    advance(0);
+    EXPECT_TRUE(rows->asked.empty());
+
+    show();
+
+    EXPECT_EQ(rows->asked, (std::vector<objc::Int>{0, 1, 2}));
+}
+
+TEST_F(TableView, AsksForTheHeightOfEveryRowButForVisibleCellsAlone) {
+    rows->count = 100;
+    show();
+
+    EXPECT_EQ(rows->heights, 100);
+    EXPECT_EQ(rows->asked.size(), 5U);
+    EXPECT_EQ(table.contentSize().height, 4400);
+}
+
+TEST_F(TableView, KnowsOnlyCellsInSight) {
+    rows->count = 100;
+    show();
+
+    EXPECT_TRUE(cell(4));
+    EXPECT_FALSE(cell(5));
+    EXPECT_FALSE(cell(200));
+    EXPECT_EQ(table.indexPathForCell(cell(4)).row(), 4);
+    EXPECT_FALSE(table.indexPathForCell(UITableViewCell::with(0, nullptr)));
+}
+
+TEST_F(TableView, UsesCellsAgainAsTheyWere) {
+    rows->count = 100;
+    show();
+    cell(0).setAccessoryType(UITableViewCellAccessoryType::Checkmark);
+    cell(0).setTag(7);
+    const auto first = cell(0);
+
+    table.setContentOffset({0, 88});
+    advance(0);
+
+    EXPECT_EQ(rows->made, 5);
+    const auto path = table.indexPathForCell(first);
+    ASSERT_TRUE(path);
+    EXPECT_GE(path.row(), 5);
+    EXPECT_EQ(first.accessoryType(), UITableViewCellAccessoryType::Checkmark);
+    EXPECT_EQ(first.tag(), 7);
+}
+
+TEST_F(TableView, HasNoCellToUseAgainAtFirst) { EXPECT_FALSE(table.dequeue("Cell"_ns)); }
+
+TEST_F(TableView, RaisesWhenTheDataSourceGivesNoCell) {
+    expectLogged("exception");
+    rows->givesCells = false;
+    screen.addSubview(table);
+
+    EXPECT_THROW(advance(0), phone::ScreenError);
+}
+
+TEST_F(TableView, HasRowsOf44PointsUnlessToldOtherwise) {
+    EXPECT_EQ(table.rowHeight(), 44);
+    rows->height = 60;
+    show();
+
+    EXPECT_EQ(cell(1).frame(), CGRect(0, 60, 290, 60));
+}
+
+TEST_F(TableView, SelectsWhenTheFingerGoesUp) {
+    show();
+
+    touch(Phase::Began, 100, 50);
+    EXPECT_EQ(rows->take(), Entries{"shouldHighlight 1"});
+    EXPECT_TRUE((cell(1).send<"isHighlighted", bool>()));
+    touch(Phase::Ended, 100, 50);
+
+    EXPECT_EQ(rows->take(), (Entries{"willSelect 1", "didSelect 1"}));
+    EXPECT_TRUE(cell(1).isSelected());
+    EXPECT_FALSE((cell(1).send<"isHighlighted", bool>()));
+    EXPECT_EQ(table.indexPathForSelectedRow().row(), 1);
+}
+
+TEST_F(TableView, DoesNotSelectWhenTheFingerMovesAway) {
+    show();
+
+    touch(Phase::Began, 100, 50);
+    touch(Phase::Moved, 100, 120);
+    touch(Phase::Ended, 100, 120);
+
+    EXPECT_EQ(rows->take(), Entries{"shouldHighlight 1"});
+    EXPECT_FALSE(table.indexPathForSelectedRow());
+}
+
+TEST_F(TableView, SelectsASelectedRowAgain) {
+    show();
+    tap(100, 50);
+    rows->take();
+
+    tap(100, 50);
+
+    EXPECT_EQ(rows->take(), (Entries{"shouldHighlight 1", "willSelect 1", "didSelect 1"}));
+}
+
+TEST_F(TableView, HasOneSelectedRowAtMost) {
+    show();
+    tap(100, 50);
+    tap(100, 10);
+
+    EXPECT_TRUE(cell(0).isSelected());
+    EXPECT_FALSE(cell(1).isSelected());
+}
+
+TEST_F(TableView, CallsNoDelegateForASelectionInCode) {
+    show();
+
+    table.send<"selectRowAtIndexPath:animated:scrollPosition:">(NSIndexPath::forRow(1, 0), false, objc::Int(0));
+    EXPECT_TRUE(cell(1).isSelected());
+    table.deselectRow(NSIndexPath::forRow(1, 0), true);
+
+    EXPECT_FALSE(cell(1).isSelected());
+    EXPECT_TRUE(rows->take().empty());
+}
+
+TEST_F(TableView, ForgetsTheSelectionWhenItReloads) {
+    show();
+    tap(100, 50);
+    rows->count = 2;
+
+    table.reloadData();
+    EXPECT_EQ(table.numberOfRows(0), 2);
+    advance(0);
+
+    EXPECT_FALSE(table.indexPathForSelectedRow());
+    EXPECT_FALSE(cell(1).isSelected());
+    EXPECT_EQ(rows->made, 3);
+}
+
+TEST_F(TableView, ShowsNewTextAfterAReload) {
+    show();
+    rows->count = 1;
+
+    run([&] { table.reloadData(); });
+
+    EXPECT_TRUE(isVisible("row 0"));
+    EXPECT_FALSE(isVisible("row 2"));
+}
+
+TEST_F(TableView, PlacesAnAccessoryViewItself) {
+    show();
+    const auto accessory = UIView::withFrame({103, 0, 150, 28});
+
+    cell(0).setAccessoryView(accessory);
+    advance(0);
+
+    EXPECT_EQ(accessory.frame(), CGRect(125, 8, 150, 28));
+    EXPECT_STREQ(class_getName(object_getClass(accessory.superview().raw())), "UITableViewCellScrollView");
+}
+
+TEST_F(TableView, TouchesOnAnAccessoryViewSelectTheRow) {
+    show();
+    cell(0).setAccessoryView(UIView::withFrame({103, 0, 150, 28}));
+    advance(0);
+
+    tap(200, 22);
+
+    EXPECT_EQ(rows->take().back(), "didSelect 0");
+}
+
+TEST_F(TableView, AControlAsAccessoryKeepsItsTouchesToItself) {
+    show();
+    cell(0).setAccessoryView(objc::make<UIControl, "initWithFrame:">(CGRect(0, 0, 50, 30)));
+    advance(0);
+
+    tap(250, 22);
+
+    EXPECT_TRUE(rows->take().empty());
+}
+
+TEST_F(TableView, AnAccessoryViewMovesToTheCellThatTookItLast) {
+    show();
+    const auto accessory = UIView::withFrame({0, 0, 20, 20});
+
+    cell(0).setAccessoryView(accessory);
+    cell(1).setAccessoryView(accessory);
+    advance(0);
+
+    EXPECT_TRUE(accessory.isDescendantOfView(cell(1)));
+}
+
+TEST_F(TableView, AnAccessoryViewWinsOverTheType) {
+    show();
+    cell(0).setAccessoryType(UITableViewCellAccessoryType::Checkmark);
+    EXPECT_EQ(countClass("UITableViewCellAccessoryMark"), 1);
+
+    cell(0).setAccessoryView(UIView::withFrame({0, 0, 20, 20}));
+
+    EXPECT_EQ(countClass("UITableViewCellAccessoryMark"), 0);
+}
+
+TEST_F(TableView, HasTheSuperviewsOfItsSystem) {
+    show();
+
+    const UIView content = cell(0).contentView();
+    EXPECT_STREQ(class_getName(object_getClass(content.superview().raw())), "UITableViewCellScrollView");
+    EXPECT_TRUE(content.superview().superview() == cell(0));
+    EXPECT_STREQ(class_getName(object_getClass(cell(0).superview().raw())), "UITableViewWrapperView");
+    EXPECT_TRUE(cell(0).superview().superview() == table);
+}
+
+TEST_F(TableView, StartsItsTexts15PointsFromTheLeft) {
+    show();
+
+    const auto label = cell(0).textLabel();
+    EXPECT_EQ(label.frame(), CGRect(15, 0, 260, 43.5));
+    EXPECT_EQ(label.font().pointSize(), 18);
+    EXPECT_TRUE(cell(0).backgroundColor().isEqual(UIColor::white()));
+}
+
+TEST_F(TableView, WithScrollingOffIsStillMovedByCode) {
+    rows->count = 100;
+    table.setScrollEnabled(false);
+    show();
+
+    touch(Phase::Began, 100, 150);
+    touch(Phase::Moved, 100, 50);
+    touch(Phase::Ended, 100, 50);
+    EXPECT_EQ(table.contentOffset().y, 0);
+    EXPECT_FALSE(table.indexPathForSelectedRow());
+
+    table.setContentOffset({0, 440});
+    advance(0);
+    EXPECT_TRUE(cell(10));
+}
+
+TEST_F(TableView, DraggingTakesTheFingerFromTheRow) {
+    rows->count = 100;
+    show();
+
+    touch(Phase::Began, 100, 150);
+    touch(Phase::Moved, 100, 135);
+    touch(Phase::Moved, 100, 106);
+    touch(Phase::Ended, 100, 106);
+
+    EXPECT_EQ(table.contentOffset().y, 44);
+    EXPECT_EQ(rows->take(), Entries{"shouldHighlight 3"});
+}
+
+TEST_F(TableView, DescribesItsCellsInTheTree) {
+    show();
+    tap(100, 50);
+
+    const auto element = findClass("UITableViewCell", 1);
+    EXPECT_EQ(attribute(element, "row"), "0,1");
+    EXPECT_EQ(attribute(element, "reuse"), "Cell");
+    EXPECT_EQ(attribute(element, "selected"), "true");
+    EXPECT_EQ(attribute(element, "accessory"), "none");
+}
+
+TEST_F(TableView, RetainsNeitherDataSourceNorDelegate) {
+    rows = nullptr;
+
+    EXPECT_EQ(Rows::liveCount(), 0);
+}
+
+} // namespace
