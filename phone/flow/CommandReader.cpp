@@ -151,18 +151,15 @@ commands::Any taking(const Yaml& node, const CommandScope& scope) {
 
 struct Known {
     std::string_view name;
-    Reader read;        // nullptr: the command takes nothing
-    commands::Any bare; // what it is without a value, where it can be without
-    bool canBeBare;
+    Reader read;                       // nullptr: the command takes nothing
+    std::optional<commands::Any> bare; // without a value; nullopt where it needs one
 };
 
 const std::vector<Known>& knownCommands() {
     using namespace commands;
     using Kind = Tap::Kind;
-    static const auto needs = [](std::string_view name, Reader read) { return Known{name, read, LaunchApp{}, false}; };
-    static const auto bare = [](std::string_view name, Any what) {
-        return Known{name, nullptr, std::move(what), true};
-    };
+    static const auto needs = [](std::string_view name, Reader read) { return Known{name, read, std::nullopt}; };
+    static const auto bare = [](std::string_view name, Any what) { return Known{name, nullptr, std::move(what)}; };
     static const std::vector<Known> all = {
         bare("launchApp", LaunchApp{}),
         bare("stopApp", StopApp{}),
@@ -174,7 +171,7 @@ const std::vector<Known>& knownCommands() {
         needs("inputText", taking<InputText>),
         {"eraseText",
          [](const Yaml& n, const CommandScope&) -> Any { return EraseText{n.wholeNumber("eraseText", 0, mostTimes)}; },
-         EraseText{defaultBackspaces}, true},
+         EraseText{defaultBackspaces}},
         needs("pressKey",
               [](const Yaml& n, const CommandScope& s) -> Any {
                   static constexpr std::array<std::string_view, 2> keys = {"enter", "backspace"};
@@ -222,10 +219,10 @@ Command readCommand(const Yaml& node, const CommandScope& scope) {
     if (node.isText()) {
         const std::string name = node.text("");
         const Known& command = known(node, name);
-        if (!command.canBeBare) {
+        if (!command.bare) {
             node.fail(name + " needs something after it, as in `- " + name + ": ...`");
         }
-        return {node.place(), name, command.bare};
+        return {node.place(), name, *command.bare};
     }
     const auto pairs = node.isMap() ? node.pairs("a command") : std::vector<std::pair<Yaml, Yaml>>{};
     if (pairs.size() != 1) {
