@@ -1,6 +1,7 @@
 #include "phone/uikit/Reachability.h"
 
 #include "phone/uikit/TouchDelivery.h"
+#include "platform/uikit/UIControl.h"
 #include "platform/uikit/UIEvent.h"
 
 namespace phone {
@@ -13,11 +14,14 @@ constexpr CGFloat leastVisibleAlpha = 0.01;
 constexpr int gridPoints = 9;
 
 /// The view that stands for this one in hit-testing: the one around the outermost view that takes no
-/// touches, or else itself.
+/// touches, or else itself. nil inside a control that takes none: what lies around it is something else.
 UIView standIn(const UIView& view) {
     UIView target = view;
     for (UIView at = view; at; at = at.superview()) {
         if (!at.isUserInteractionEnabled()) {
+            if (objc::isKind<UIControl>(at)) {
+                return nullptr;
+            }
             target = at.superview();
         }
     }

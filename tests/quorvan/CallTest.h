@@ -3,6 +3,7 @@
 
 #include "tests/phone/PhoneTest.h"
 
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +13,10 @@ struct Start {
     std::string device = "iphone5";
     std::string app = "newer";
     std::string language = "en";
+
+    friend std::ostream& operator<<(std::ostream& out, const Start& start) {
+        return out << start.device << ", " << start.app << ", " << start.language;
+    }
 };
 
 class CallTest : public PhoneTest {
