@@ -200,14 +200,14 @@ void NavigationController::startTransition(const Pending& pending) {
     UIApplication::shared().beginIgnoringInteractionEvents();
     const UIView container = view();
     const UIView in = coming.view();
+    const CGRect frame = container.bounds();
+    in.setFrame(frame); // what appears is laid out where it will rest, wherever the last slide left it
     _leaving.send<"beginAppearanceTransition:animated:">(false, pending.animated);
     coming.send<"beginAppearanceTransition:animated:">(true, pending.animated);
 
     const UIView out = _leaving.view();
     const bool forward = pending.direction == Direction::Forward;
-    const CGRect frame = container.bounds();
     const double width = frame.size.width;
-    in.setFrame(frame);
     if (forward) {
         container.send<"insertSubview:belowSubview:">(in, navigationBar());
     } else {
