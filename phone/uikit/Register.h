@@ -3,8 +3,9 @@
 
 namespace phone {
 
-void registerDrawingClasses();    // UIColor, UIFont, UIImage, UIImageView, UILabel
-void registerViewClasses();       // UIResponder, UIView, CALayer, UIWindow, UIScreen, UIDevice, UIApplication, recognisers, touches
+void registerDrawingClasses(); // UIColor, UIFont, UIImage, UIImageView, UILabel
+void registerViewClasses(); // UIResponder, UIView, CALayer, UIWindow, UIScreen, UIDevice, UIApplication, recognisers,
+                            // touches
 void registerControllerClasses(); // UIViewController, navigation, bars, UIActivity, the share sheet
 void registerTextClasses();       // UIControl, UIButton, UIScrollView, text input, the keyboard, tables
 
