@@ -2,7 +2,9 @@
 
 #include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/ScreenState.h"
 #include "platform/uikit/UIButton.h"
+#include "platform/uikit/UIScreen.h"
 
 namespace quorvan {
 
@@ -43,6 +45,16 @@ ChooserFrame::ChooserFrame(const UIViewController& chooser, CGSize size, const N
     _bar.topItem().setTitle(_title); // deliberate, though the bar has no item yet and nothing hears it
 }
 
+void ChooserFrame::addSwitch(const NSString& word, bool on, CGFloat lineTop) {
+    allDayAllNight = UISwitch::withFrame({227, 49, 77, 27});
+    allDayAllNight->setOn(on, false);
+    _panel.addSubview(allDayAllNight);
+    const auto label = UILabel::withFrame({15, 51, 160, 27});
+    label.setText(word);
+    _panel.addSubview(label);
+    addSeparator(_panel, {0, lineTop, _panel.frame().size.width, 0.5});
+}
+
 void ChooserFrame::addBar() {
     const auto back = UIBarButtonItem::withCustomView(_back);
     _bar.topItem().setLeftBarButtonItem(back); // as above
@@ -52,10 +64,76 @@ void ChooserFrame::addBar() {
     _panel.addSubview(_bar);
 }
 
+UITableView ChooserFrame::addTable(const UIViewController& chooser) {
+    const CGSize size = _panel.frame().size;
+    const auto table =
+        UITableView::withFrame({0, barHeight, size.width, size.height - barHeight}, UITableViewStyle::Plain);
+    table.setDelegate(chooser);
+    table.setDataSource(chooser);
+    _panel.addSubview(table);
+    return table;
+}
+
+UIDatePicker ChooserFrame::addPicker(const UIViewController& chooser, CGRect frame) {
+    const auto picker = UIDatePicker::withFrame(frame);
+    picker.setFrame(frame);
+    picker.addTarget(chooser, objc::selector<"pickerChanged:">(), UIControlEventValueChanged);
+    _panel.addSubview(picker);
+    return picker;
+}
+
 UIView ChooserFrame::finish(CGFloat separator) {
     roundCorners(_panel);
     addSeparator(_panel, {0, barHeight, _panel.frame().size.width, separator});
     return _panel;
+}
+
+UIImageView startChooser(const UIViewController& chooser, CGSize screen, const NSString& title) {
+    const auto backdrop = addBackdrop(chooser.view(), {{0, 0}, screen});
+    chooser.setTitle(title);
+    chooser.navigationController().setNavigationBarHidden(true, false);
+    return backdrop;
+}
+
+UIImageView startChooser(const UIViewController& chooser, const NSString& title) {
+    return startChooser(chooser, UIScreen::main().bounds().size, title);
+}
+
+void showPanel(const UIViewController& chooser, const UIView& panel) {
+    panel.setCenter(chooser.view().center());
+    chooser.view().addSubview(panel);
+}
+
+void forgetDelegates(const UITableView& table) {
+    table.setDelegate(nullptr);
+    table.setDataSource(nullptr);
+}
+
+UITableViewCell plainCell(const UITableView& table, const NSString& text) {
+    const auto identifier = "Cell"_ns;
+    auto cell = table.dequeue(identifier);
+    if (!cell) {
+        cell = UITableViewCell::with(0, identifier);
+    }
+    cell.textLabel().setText(text);
+    return cell;
+}
+
+UITableViewCell moveCheckmark(const UITableView& table, objc::Int markedBefore, const NSIndexPath& tapped) {
+    table.cellForRow(NSIndexPath::forRow(markedBefore, 0)).setAccessoryType(UITableViewCellAccessoryType::None);
+    const auto cell = table.cellForRow(tapped);
+    cell.setAccessoryType(UITableViewCellAccessoryType::Checkmark);
+    return cell;
+}
+
+void popToCompose(const UIViewController& chooser, Reload rows) {
+    if (rows == Reload::BeforeThePop) {
+        accountName->reloadData();
+    }
+    chooser.navigationController().popToRoot(true);
+    if (rows == Reload::AfterThePop) {
+        accountName->reloadData();
+    }
 }
 
 } // namespace quorvan

@@ -43,6 +43,33 @@ UIImageView addBackdrop(const UIView& screen, CGRect frame) {
     return backdrop;
 }
 
+UINavigationItem addComposeBar(const UIView& panel, const objc::Object& screen, const NSString& title) {
+    const auto bar = makeBar(panel.frame().size.width);
+    const auto cancelItem = UIBarButtonItem::withTitle(localized("Cancel"), 1, screen, objc::selector<"cancel:">());
+    const auto doneItem = UIBarButtonItem::withTitle(localized("Done"), 1, screen, objc::selector<"done:">());
+    // Deliberate, though the bar has no item yet and nothing hears it.
+    bar.topItem().setTitle(title);
+    bar.topItem().setLeftBarButtonItem(cancelItem);
+    bar.topItem().setRightBarButtonItem(doneItem);
+    const auto item = UINavigationItem::withTitle(title);
+    item.setRightBarButtonItem(doneItem);
+    item.setLeftBarButtonItem(cancelItem);
+    bar.setItems(NSArray::of(item));
+    panel.addSubview(bar);
+    return item;
+}
+
+void setEverythingHidden(const UIView& screen, bool hidden) {
+    for (const auto& subview : screen.subviews()) {
+        objc::as<UIView>(subview).setHidden(hidden);
+    }
+}
+
+CGPoint centerAboveKeyboard(const UIView& screen, CGFloat keyboardHeight) {
+    const CGRect frame = screen.frame();
+    return CGRect(frame.origin, {frame.size.width, frame.size.height - keyboardHeight}).center();
+}
+
 void removeEverything(const UIView& screen) {
     for (const auto& subview : screen.subviews()) {
         objc::as<UIView>(subview).removeFromSuperview();

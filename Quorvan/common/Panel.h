@@ -35,6 +35,13 @@ void addSeparator(const UIView& panel, CGRect frame);
 
 /// Adds the picture behind the panel, filling the frame.
 UIImageView addBackdrop(const UIView& screen, CGRect frame);
+/// Adds the bar of a compose screen: the title between Cancel and Done, which send `cancel:` and `done:` to
+/// the screen. Gives the bar's item.
+UINavigationItem addComposeBar(const UIView& panel, const objc::Object& screen, const NSString& title);
+/// Hides or shows every view of the screen.
+void setEverythingHidden(const UIView& screen, bool hidden);
+/// The middle of what a keyboard of this height leaves of the screen's view.
+CGPoint centerAboveKeyboard(const UIView& screen, CGFloat keyboardHeight);
 /// Takes every view off the screen, before it is built again for another orientation.
 void removeEverything(const UIView& screen);
 /// Fades the view in or out; the completion runs when that is done.

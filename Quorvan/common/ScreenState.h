@@ -2,8 +2,11 @@
 /// long as the process, and reset only where a screen says so.
 #pragma once
 
+#include "platform/foundation/NSDate.h"
 #include "platform/foundation/NSString.h"
+#include "platform/uikit/UIDatePicker.h"
 #include "platform/uikit/UINavigationBar.h"
+#include "platform/uikit/UISwitch.h"
 #include "platform/uikit/UITableView.h"
 
 namespace quorvan {
@@ -17,7 +20,27 @@ extern objc::Global<NSString> nAccount;          // the name of the chosen accou
 extern objc::Int storeNum;                       // the chosen store's place in the list; negative: the default one
 extern objc::Int previousSelection;              // the row of the account chooser marked last
 
+// The reminder composer.
+extern objc::Global<NSString> rlist;        // what the List row shows
+extern objc::Global<NSString> rDate;        // what the Remind me row shows
+extern objc::Global<NSString> type;         // what the Priority row shows
+extern objc::Int chosen;                    // the chosen list's place in the store; negative: the default one
+extern objc::Int prevSelection;             // the row of the list chooser marked last
+extern objc::Int prior;                     // the chosen priority's row, 0 to 3
+extern objc::Int preSelection;              // the row of the priority chooser marked last
+extern objc::Global<NSDate> remDate;        // the alarm's date; nil until one was picked
+extern objc::Global<UIDatePicker> myPicker; // the alarm date chooser's picker
+
 // Shared by the composers.
-extern objc::Global<UITableView> accountName; // the settings table of the compose screen open now
+extern objc::Global<UIView> reminderView;        // the panel of the reminder or event screen built last
+extern objc::Global<UISwitch> allDayAllNight;    // the switch of the chooser built last
+extern bool neverOrNot;                          // that switch's state: remind; for an event, never end repeating
+extern objc::Global<NSArray> identifiers;        // the calendars that a list chooser fetched last
+extern objc::Global<NSArray> identifiersSaved;   // the identifiers file as read last, or the lists fetched for saving
+extern objc::Global<NSMutableArray> titlesSaved; // the titles file as read last: a list chooser's rows
+extern objc::Global<UITableView> accountName;    // the settings table of the compose screen open now
+
+/// Ends what the settings table tells this screen, which is going: the variable keeps the table.
+void releaseRows(const objc::Object& screen);
 
 } // namespace quorvan

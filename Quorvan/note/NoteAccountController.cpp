@@ -63,16 +63,11 @@ void NoteAccountController::initWithNibName(const NSString& nib, const NSObject&
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
-NoteAccountController::~NoteAccountController() {
-    nAtable.setDataSource(nullptr);
-    nAtable.setDelegate(nullptr);
-}
+NoteAccountController::~NoteAccountController() { forgetDelegates(nAtable); }
 
 void NoteAccountController::viewDidLoad() {
     super<"viewDidLoad">();
-    const auto backdrop = addBackdrop(view(), {{0, 0}, screenSize()});
-    setTitle("Note"_ns);
-    navigationController().setNavigationBarHidden(true, false);
+    const auto backdrop = startChooser(*this, screenSize(), "Note"_ns);
     const UIView panel = createNote();
     panel.setCenter(backdrop.center());
     view().addSubview(panel);
@@ -100,23 +95,15 @@ objc::Int NoteAccountController::numberOfRows(const UITableView&, objc::Int) {
 }
 
 UITableViewCell NoteAccountController::cellForRow(const UITableView& table, const NSIndexPath& path) {
-    const auto identifier = "Cell"_ns;
-    auto cell = table.dequeue(identifier);
-    if (!cell) {
-        cell = UITableViewCell::with(0, identifier);
-    }
     const auto context = NoteContext::make();
     const auto store = context.allStores().at<NoteStoreObject>(static_cast<objc::UInt>(path.row()));
     (void)context.defaultStoreForNewNote();
     const NSString name = store.account().name();
-    cell.textLabel().setText(name.isEqualToString(NSString::utf8(localAccount)) ? deviceName() : name);
-    return cell;
+    return plainCell(table, name.isEqualToString(NSString::utf8(localAccount)) ? deviceName() : name);
 }
 
 void NoteAccountController::didSelectRow(const UITableView& table, const NSIndexPath& path) {
-    table.cellForRow(NSIndexPath::forRow(previousSelection, 0)).setAccessoryType(UITableViewCellAccessoryType::None);
-    const auto cell = table.cellForRow(path);
-    cell.setAccessoryType(UITableViewCellAccessoryType::Checkmark);
+    const auto cell = moveCheckmark(table, previousSelection, path);
     table.deselectRow(path, true);
     nAccount = cell.textLabel().text();
     previousSelection = path.row();
@@ -124,10 +111,7 @@ void NoteAccountController::didSelectRow(const UITableView& table, const NSIndex
     accountName->reloadData();
 }
 
-void NoteAccountController::back(const objc::Object&) {
-    navigationController().popToRoot(true);
-    accountName->reloadData();
-}
+void NoteAccountController::back(const objc::Object&) { popToCompose(*this, Reload::AfterThePop); }
 
 bool NoteAccountController::shouldAutorotate(UIInterfaceOrientation) { return isTablet(); }
 

@@ -1,5 +1,6 @@
 #include "Quorvan/note/NoteController.h"
 
+#include "Quorvan/common/ChooserFrame.h"
 #include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
 #include "Quorvan/common/ScreenState.h"
@@ -77,10 +78,7 @@ NoteController::~NoteController() {
     // The panel built last stays in the shared variables, and it does not keep its delegates alive.
     note.setDelegate(nullptr);
     titleField.setDelegate(nullptr);
-    if (accountName->send<"delegate", id>() == raw()) {
-        accountName->setDelegate(nullptr);
-        accountName->setDataSource(nullptr);
-    }
+    releaseRows(*this);
     NSNotificationCenter::defaultCenter().removeObserver(*this);
 }
 
@@ -101,7 +99,7 @@ void NoteController::viewWillAppear(bool animated) {
     if (titleField) {
         titleOut = titleField.text();
     }
-    hideEverything(); // the old views stay, hidden, beneath the new ones
+    setEverythingHidden(view(), true); // the old views stay, hidden, beneath the new ones
     repeatedCreations();
 }
 
@@ -131,18 +129,7 @@ UIView NoteController::createNote() {
     const CGFloat width = notePanelSize().width;
     const auto panel = makePanel(notePanelSize());
 
-    const auto bar = makeBar(width);
-    const auto cancelItem = UIBarButtonItem::withTitle(localized("Cancel"), 1, *this, objc::selector<"cancel:">());
-    const auto doneItem = UIBarButtonItem::withTitle(localized("Done"), 1, *this, objc::selector<"done:">());
-    // Deliberate, though the bar has no item yet and nothing hears it.
-    bar.topItem().setTitle(localized("Note"));
-    bar.topItem().setLeftBarButtonItem(cancelItem);
-    bar.topItem().setRightBarButtonItem(doneItem);
-    navigItem = UINavigationItem::withTitle(localized("Note"));
-    navigItem->setRightBarButtonItem(doneItem);
-    navigItem->setLeftBarButtonItem(cancelItem);
-    bar.setItems(NSArray::of(navigItem.get()));
-    panel.addSubview(bar);
+    navigItem = addComposeBar(panel, *this, localized("Note"));
 
     note = UITextView::make();
     if (isOn(setting::separateTitle)) {
@@ -207,12 +194,12 @@ void NoteController::keyboardWasShown(const objc::Object& notification) {
                            .userInfo()
                            .at<NSValue>(objc::borrow<NSString>(UIKeyboardFrameBeginUserInfoKey))
                            .CGRectValue();
-    glide(panelMove, noteView, centerAboveKeyboard(frame.size.height));
+    glide(panelMove, noteView, centerAboveKeyboard(view(), frame.size.height));
 }
 
 void NoteController::textViewDidBeginEditing(const UITextView& textView) {
     if (!isTabletHeldUpright()) {
-        glide(panelMove, noteView, centerAboveKeyboard(keyboardAllowance()));
+        glide(panelMove, noteView, centerAboveKeyboard(view(), keyboardAllowance()));
     }
     textView.setDelegate(*this);
     if (textView.text().isEqualToString(placeholder("Note"))) {
@@ -246,7 +233,7 @@ bool NoteController::textFieldShouldBeginEditing(const UITextField& field) {
         panel.setFrame({{now.x, isTabletHeldUpright() ? now.y : panelOrigin.y}, notePanelSize()});
         UIView::commitAnimations();
     } else {
-        glide(panelMove, noteView, centerAboveKeyboard(keyboardAllowance()));
+        glide(panelMove, noteView, centerAboveKeyboard(view(), keyboardAllowance()));
     }
     return true;
 }
@@ -262,12 +249,7 @@ objc::Int NoteController::numberOfSections(const UITableView&) { return 1; }
 objc::Int NoteController::numberOfRows(const UITableView&, objc::Int) { return 1; }
 
 UITableViewCell NoteController::cellForRow(const UITableView& table, const NSIndexPath&) {
-    const auto identifier = "Cell"_ns;
-    auto cell = table.dequeue(identifier);
-    if (!cell) {
-        cell = UITableViewCell::with(0, identifier);
-    }
-    cell.textLabel().setText(localized("Account"));
+    const auto cell = plainCell(table, localized("Account"));
     cell.setAccessoryView(makeAccessory(
         {.frame = {103, 0, 150, 28}, .value = {0, 5, 139.5, 17}, .arrow = {141.5, 8.5, 7, 10.5}}, nAccount));
     return cell;
@@ -277,7 +259,7 @@ void NoteController::didSelectRow(const UITableView&, const NSIndexPath& path) {
     keepTexts();
     accountName->cellForRow(path).setSelected(false, true);
     const auto chooser = objc::Ref<NoteAccountController>::make();
-    hideEverything();
+    setEverythingHidden(view(), true);
     note.resignFirstResponder();
     titleField.resignFirstResponder();
     navigationController().push(chooser, true);
@@ -306,17 +288,6 @@ void NoteController::didRotate(UIInterfaceOrientation) {
 void NoteController::keepTexts() {
     noteOut = note.text();
     titleOut = titleField.text();
-}
-
-void NoteController::hideEverything() {
-    for (const auto& subview : view().subviews()) {
-        objc::as<UIView>(subview).setHidden(true);
-    }
-}
-
-CGPoint NoteController::centerAboveKeyboard(CGFloat keyboardHeight) {
-    const CGRect frame = view().frame();
-    return CGRect(frame.origin, {frame.size.width, frame.size.height - keyboardHeight}).center();
 }
 
 } // namespace quorvan

@@ -56,8 +56,6 @@ private:
     void finish();
 
     void keepTexts();
-    void hideEverything();
-    CGPoint centerAboveKeyboard(CGFloat keyboardHeight);
 
     UITextView note;        // nil until the panel is built
     UITextField titleField; // nil while the title field is switched off

@@ -3,6 +3,7 @@
 #include "phone/applications/PhoneApplication.h"
 #include "phone/device/RootFolder.h"
 #include "phone/device/RunLoop.h"
+#include "phone/eventkit/Register.h"
 #include "phone/foundation/Foundation.h"
 #include "phone/notes/Register.h"
 #include "phone/substrate/Loader.h"
@@ -23,6 +24,7 @@ void boot(const Settings& chosen, Start start) {
     registerTextClasses();
     registerControllerClasses(); // bars and sheets hold controls
     registerNotesClasses();
+    registerEventKitClasses();
     registerApplicationClasses();
     RunLoop::main().setEndOfCycle(&Application::layoutWindows);
     if (start == Start::Everything) {

@@ -32,6 +32,7 @@ constexpr double barHeight = 50;
 constexpr double barGap = 12;
 constexpr double bottomMargin = 22;
 constexpr double hideWidth = 84;
+constexpr double widestControls = 480; // on a wider screen they stand in the middle
 
 constexpr int columns = 3;
 
@@ -199,7 +200,8 @@ void CallView::layoutSubviews() {
     _caller.setFrame({0, 24, width, 38});
     _status.setFrame({0, 62, width, 22});
     layOutCallButtons();
-    const CGRect area{0, controlsTop, width, callButtonsTop() - controlsTop};
+    const double controls = std::min(width, widestControls);
+    const CGRect area{(width - controls) / 2, controlsTop, controls, callButtonsTop() - controlsTop};
     layOutKeys(area);
     constexpr double air = 12;
     objc::as<UIControl>(_keypad).setFrame({0, area.origin.y + air, width, area.size.height - 2 * air});
@@ -216,7 +218,7 @@ void CallView::layOutKeys(CGRect area) {
     const double top = area.origin.y + (area.size.height - 2 * rowHeight - gap) / 2;
     const double cellWidth = (area.size.width - 2 * cellMargin) / columns;
     const double width = rings ? ringSpacing : cellWidth;
-    const double left = (area.size.width - columns * width) / 2;
+    const double left = area.origin.x + (area.size.width - columns * width) / 2;
     for (int key = 0; key < keyCount; ++key) {
         _keys[key].setFrame({left + key % columns * width, top + key / columns * (rowHeight + gap), width, rowHeight});
     }
@@ -224,20 +226,23 @@ void CallView::layOutKeys(CGRect area) {
 
 void CallView::layOutCallButtons() {
     const CGSize size = bounds().size;
+    const double controls = std::min(size.width, widestControls);
     const double top = callButtonsTop();
     if (_look == Look::Newer) {
         const double height = ring + caption;
         _end.setFrame({(size.width - ringSpacing) / 2, top, ringSpacing, height});
-        _decline.setFrame({size.width / 4 - ringSpacing / 2, top, ringSpacing, height});
-        _accept.setFrame({size.width * 3 / 4 - ringSpacing / 2, top, ringSpacing, height});
-        _hide.setFrame({size.width - hideWidth - cellMargin / 2, top + (ring - barHeight) / 2, hideWidth, barHeight});
+        _decline.setFrame({size.width / 2 - controls / 4 - ringSpacing / 2, top, ringSpacing, height});
+        _accept.setFrame({size.width / 2 + controls / 4 - ringSpacing / 2, top, ringSpacing, height});
+        _hide.setFrame({(size.width + controls) / 2 - hideWidth - cellMargin / 2, top + (ring - barHeight) / 2,
+                        hideWidth, barHeight});
         return;
     }
-    const double whole = size.width - 2 * cellMargin;
+    const double whole = controls - 2 * cellMargin;
+    const double left = (size.width - whole) / 2;
     const double half = (whole - barGap) / 2;
-    _decline.setFrame({cellMargin, top, half, barHeight});
-    _accept.setFrame({cellMargin + half + barGap, top, half, barHeight});
-    _end.setFrame({cellMargin, top, _showsKeypad ? half : whole, barHeight});
+    _decline.setFrame({left, top, half, barHeight});
+    _accept.setFrame({left + half + barGap, top, half, barHeight});
+    _end.setFrame({left, top, _showsKeypad ? half : whole, barHeight});
     _hide.setFrame(_accept.frame());
 }
 

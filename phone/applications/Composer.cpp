@@ -5,6 +5,7 @@
 #include "phone/device/RootFolder.h"
 #include "phone/foundation/Text.h"
 #include "phone/uikit/Color.h"
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/SystemWords.h"
 #include "platform/uikit/UINavigationController.h"
 
@@ -48,6 +49,7 @@ std::string freePath(const std::string& folder) {
 
 void Composer::define(objc::ClassTable<Composer>& c) {
     c.overrides<"viewDidLoad", &Composer::viewDidLoad>()
+        .overrides<"shouldAutorotateToInterfaceOrientation:", &Composer::shouldAutorotateTo>()
         .action<"_send:", &Composer::send>()
         .action<"_cancel:", &Composer::cancel>();
 }
@@ -79,6 +81,7 @@ void Composer::viewDidLoad() {
     const CGSize size = view().bounds().size;
     _body = UITextView::make();
     _body.setFrame({margin / 2, y, size.width - margin, size.height - y});
+    _body.setAutoresizingMask(UIViewAutoresizing(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight));
     _body.setFont(UIFont::system(textSize));
     _body.setText(_text);
     view().addSubview(_body);
@@ -92,9 +95,11 @@ UITextField Composer::addField(const NSString& name, double y) {
     view().addSubview(label);
     const auto field = UITextField::withFrame({margin + nameWidth, y, width - 2 * margin - nameWidth, lineHeight});
     field.setFont(UIFont::system(textSize));
+    field.setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     view().addSubview(field);
     const auto line = UIView::withFrame({margin, y + lineHeight - hairline, width - margin, hairline});
     line.setBackgroundColor(UIColor::rgba(0, 0, 0, 0.2));
+    line.setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     view().addSubview(line);
     return field;
 }
@@ -118,5 +123,9 @@ bool Composer::write() const {
 void Composer::send(const objc::Object&) { _activity.activityDidFinish(write()); }
 
 void Composer::cancel(const objc::Object&) { _activity.activityDidFinish(false); }
+
+bool Composer::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
+    return Interface::deviceAllows(orientation);
+}
 
 } // namespace phone

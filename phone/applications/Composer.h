@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/uikit/UIActivity.h"
+#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UITextField.h"
 #include "platform/uikit/UITextView.h"
 
@@ -21,6 +22,7 @@ public:
 
 private:
     void viewDidLoad();
+    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const;
     UITextField addField(const NSString& name, double y);
     void send(const objc::Object& sender);
     void cancel(const objc::Object& sender);

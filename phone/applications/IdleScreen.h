@@ -1,6 +1,7 @@
 /// What the phone application shows while there is no call.
 #pragma once
 
+#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UILabel.h"
 #include "platform/uikit/UIViewController.h"
 
@@ -13,6 +14,7 @@ public:
 
 private:
     void viewDidLoad();
+    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const;
     void viewWillLayoutSubviews();
 
     UILabel _title;

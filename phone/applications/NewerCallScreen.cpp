@@ -1,5 +1,6 @@
 #include "phone/applications/NewerCallScreen.h"
 
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/StatusBarStyle.h"
 #include "platform/uikit/UIScreen.h"
 
@@ -8,6 +9,7 @@ namespace phone {
 void NewerCallScreen::define(objc::ClassTable<NewerCallScreen>& c) {
     c.overrides<"loadView", &NewerCallScreen::loadView>()
         .overrides<"viewDidLoad", &NewerCallScreen::viewDidLoad>()
+        .overrides<"shouldAutorotateToInterfaceOrientation:", &NewerCallScreen::shouldAutorotateTo>()
         .overrides<"viewDidAppear:", &NewerCallScreen::viewDidAppear>()
         .overrides<"preferredStatusBarStyle", &NewerCallScreen::preferredStatusBarStyle>();
 }
@@ -28,5 +30,9 @@ void NewerCallScreen::viewDidAppear(bool animated) {
 }
 
 objc::Int NewerCallScreen::preferredStatusBarStyle() const { return static_cast<objc::Int>(StatusBarStyle::Light); }
+
+bool NewerCallScreen::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
+    return Interface::deviceAllows(orientation);
+}
 
 } // namespace phone

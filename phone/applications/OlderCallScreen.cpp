@@ -1,5 +1,6 @@
 #include "phone/applications/OlderCallScreen.h"
 
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/StatusBarStyle.h"
 #include "platform/uikit/UIScreen.h"
 
@@ -8,6 +9,7 @@ namespace phone {
 void OlderCallScreen::define(objc::ClassTable<OlderCallScreen>& c) {
     c.overrides<"loadView", &OlderCallScreen::loadView>()
         .overrides<"viewDidLoad", &OlderCallScreen::viewDidLoad>()
+        .overrides<"shouldAutorotateToInterfaceOrientation:", &OlderCallScreen::shouldAutorotateTo>()
         .overrides<"viewDidAppear:", &OlderCallScreen::viewDidAppear>()
         .overrides<"preferredStatusBarStyle", &OlderCallScreen::preferredStatusBarStyle>();
 }
@@ -28,5 +30,9 @@ void OlderCallScreen::viewDidAppear(bool animated) {
 }
 
 objc::Int OlderCallScreen::preferredStatusBarStyle() const { return static_cast<objc::Int>(StatusBarStyle::Light); }
+
+bool OlderCallScreen::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
+    return Interface::deviceAllows(orientation);
+}
 
 } // namespace phone

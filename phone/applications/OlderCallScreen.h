@@ -2,6 +2,7 @@
 #pragma once
 
 #include "phone/applications/CallView.h"
+#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIViewController.h"
 
 namespace phone {
@@ -14,6 +15,7 @@ public:
 private:
     void loadView();
     void viewDidLoad();
+    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const;
     void viewDidAppear(bool animated);
     objc::Int preferredStatusBarStyle() const;
 };

@@ -3,10 +3,12 @@
 #include "phone/applications/CallService.h"
 #include "phone/device/Log.h"
 #include "phone/device/RunLoop.h"
+#include "phone/eventkit/AccessRequests.h"
 #include "phone/foundation/Text.h"
 #include "phone/foundation/WallClock.h"
 #include "phone/uikit/Compositor.h"
 #include "phone/uikit/HeldScreen.h"
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/Keyboard.h"
 #include "phone/uikit/TouchDelivery.h"
 #include "phone/uikit/TreeDump.h"
@@ -93,11 +95,14 @@ json Session::perform(const json& command) {
         CallService::shared().perform(command.at("action"), command.value("number", ""));
     } else if (what == "setClock") {
         WallClock::set(command.at("seconds"));
+    } else if (what == "setStoreAnswers") {
+        letStoresAnswer(command.at("when"));
     } else if (what == "setOrientation") {
         const std::string orientation = command.at("orientation");
         if (!HeldScreen::shared().turn(orientation)) {
             throw ScreenError("no such orientation: " + orientation);
         }
+        Interface::shared().deviceTurned();
     } else if (what == "setClipboard") {
         UIPasteboard::general().setString(string(command.at("text")));
     } else if (what == "pasteText") {
@@ -126,12 +131,23 @@ void Session::deliverTouch(const json& command) {
     }
 }
 
+void Session::letStoresAnswer(const std::string& when) {
+    using Answers = eventkit::AccessRequests::Answers;
+    if (when != "late" && when != "early") {
+        throw ScreenError("a store answers late or early, not " + when);
+    }
+    eventkit::AccessRequests::shared().setAnswers(when == "early" ? Answers::Early : Answers::Late);
+}
+
 void Session::waitUntilNothingMoves() {
     RunLoop& loop = RunLoop::main();
     loop.drain();
     const double end = loop.now() + longestSettling;
     for (double next = loop.nextMovement(); next >= 0 && next <= end; next = loop.nextMovement()) {
         loop.advance(std::max(0.0, next - loop.now()));
+    }
+    if (eventkit::AccessRequests::shared().answerWaiting()) { // what moves for ever holds no answer back
+        loop.drain();
     }
 }
 

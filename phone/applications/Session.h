@@ -31,6 +31,8 @@ public:
 private:
     nlohmann::json perform(const nlohmann::json& command);
     void deliverTouch(const nlohmann::json& command);
+    /// "late" or "early".
+    void letStoresAnswer(const std::string& when);
     void waitUntilNothingMoves();
     void die(const std::string& name, const std::string& reason);
 

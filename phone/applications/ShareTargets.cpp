@@ -1,10 +1,11 @@
 #include "phone/applications/ShareTargets.h"
 
 #include "phone/applications/Composer.h"
-#include "phone/applications/Notice.h"
 #include "phone/applications/ShareIcons.h"
 #include "phone/applications/TextActivity.h"
 #include "phone/applications/Words.h"
+#include "phone/foundation/Text.h"
+#include "phone/uikit/Alert.h"
 #include "phone/uikit/SystemActivity.h"
 #include "platform/uikit/UIPasteboard.h"
 
@@ -65,12 +66,12 @@ public:
 template <class T>
 class UnsetActivity : public TextActivity<T, ActivityCategory::Share> {
 public:
-    static void defineDeed(objc::ClassTable<T>& c) {
-        c.template overrides<"activityViewController", &T::activityViewController>();
-    }
+    static void defineDeed(objc::ClassTable<T>& c) { c.template overrides<"performActivity", &T::performActivity>(); }
     NSString title() const { return NSString::utf8(T::service); }
-    UIViewController activityViewController() {
-        return Notice::with(word(Word::NotSetUp).stringByAppendingString(title()), word(Word::NotSetUpHint), *this);
+    void performActivity() {
+        const auto self = objc::as<UIActivity>(*this); // the alert may outlast the sheet
+        askPerson(phone::text(word(Word::NotSetUp)) + T::service, phone::text(word(Word::NotSetUpHint)),
+                  {phone::text(word(Word::Ok))}, [self](int) { self.activityDidFinish(false); });
     }
 };
 
@@ -129,7 +130,6 @@ void offer() {
 
 void registerShareTargets() {
     Composer::definedClass();
-    Notice::definedClass();
     offer<AirDropActivity, MessageActivity, MailActivity, TwitterActivity, FacebookActivity, WeiboActivity,
           CopyActivity>();
 }

@@ -1,5 +1,9 @@
 #include "phone/coregraphics/Cairo.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -35,6 +39,17 @@ cairo_status_t read(void* closure, unsigned char* into, unsigned count) {
     return std::fread(into + fromHead, 1, rest, source.file) == rest ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_READ_ERROR;
 }
 
+/// A regular file, for reading; nullptr for anything else. A pipe without a writer would keep its reader waiting.
+std::FILE* openFile(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    struct stat status{};
+    if (file >= 0 && (fstat(file, &status) != 0 || !S_ISREG(status.st_mode))) {
+        close(file);
+        return nullptr;
+    }
+    return file < 0 ? nullptr : fdopen(file, "rb");
+}
+
 std::uint32_t bigEndian(const char* bytes) {
     std::uint32_t value = 0;
     for (int i = 0; i < 4; ++i) {
@@ -58,7 +73,7 @@ bool isAcceptable(Source& source) {
 } // namespace
 
 std::shared_ptr<const Bitmap> Bitmap::load(const std::string& path) {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
+    std::FILE* file = openFile(path);
     if (file == nullptr) {
         return nullptr;
     }

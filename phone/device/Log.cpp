@@ -3,6 +3,7 @@
 #include "phone/device/RunLoop.h"
 
 #include <algorithm>
+#include <cmath>
 #include <mutex>
 
 namespace phone {
@@ -19,6 +20,9 @@ Storage& storage() {
     return *all;
 }
 
+/// Times are printed in full: what adding up fractions of a second leaves behind is cut off.
+double wholeMicroseconds(double seconds) { return std::round(seconds * 1e6) / 1e6; }
+
 } // namespace
 
 Log& Log::shared() {
@@ -27,7 +31,7 @@ Log& Log::shared() {
 }
 
 void Log::add(const char* what, nlohmann::ordered_json fields) {
-    nlohmann::ordered_json entry = {{"t", RunLoop::main().now()}, {"what", what}};
+    nlohmann::ordered_json entry = {{"t", wholeMicroseconds(RunLoop::main().now())}, {"what", what}};
     entry.update(fields);
     std::lock_guard lock(storage().mutex);
     storage().entries.push_back(std::move(entry));
@@ -51,6 +55,11 @@ std::size_t Log::count(const std::string& what) const {
     const auto all = entries();
     return static_cast<std::size_t>(
         std::count_if(all.begin(), all.end(), [&](const auto& entry) { return entry.at("what") == what; }));
+}
+
+void Log::clear() {
+    std::lock_guard lock(storage().mutex);
+    storage().entries.clear();
 }
 
 } // namespace phone

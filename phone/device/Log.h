@@ -13,7 +13,7 @@ class Log {
 public:
     static Log& shared();
 
-    /// Adds {"t": animation time, "what": what, ...fields}.
+    /// Adds {"t": animation time in whole microseconds, "what": what, ...fields}.
     void add(const char* what, nlohmann::ordered_json fields);
     /// All entries so far, a JSON object a line.
     std::string lines() const;
@@ -21,6 +21,8 @@ public:
     std::vector<nlohmann::ordered_json> entries() const;
     /// How many entries of this kind there are.
     std::size_t count(const std::string& what) const;
+    /// Forgets all entries: for what runs longer than anyone reads its log.
+    void clear();
 };
 
 } // namespace phone

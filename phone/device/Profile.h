@@ -17,6 +17,8 @@ struct DeviceProfile {
     bool answersIdiom = true;
     std::string_view model;       // as `UIDevice` answers it
     std::string_view application; // the phone application it runs unless told otherwise
+
+    bool isTablet() const { return idiom == 1; }
 };
 
 /// One phone application.

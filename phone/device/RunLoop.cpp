@@ -47,8 +47,14 @@ void RunLoop::cycle() {
 void RunLoop::drain() {
     for (;;) {
         cycle();
-        std::lock_guard lock(_mutex);
-        if (_waiting.empty()) {
+        {
+            std::lock_guard lock(_mutex);
+            if (!_waiting.empty()) {
+                continue;
+            }
+        }
+        const bool isAtRest = nextMovement() < 0;
+        if (!isAtRest || !_atRest || !_atRest()) {
             return;
         }
     }

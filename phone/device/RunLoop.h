@@ -32,6 +32,10 @@ public:
     /// Called at the end of each cycle: layout and what depends on it.
     void setEndOfCycle(Work work) { _endOfCycle = std::move(work); }
 
+    /// Asked whenever nothing waits for the next cycle and nothing moves. What answers true has done
+    /// something, and the loop goes on.
+    void setAtRest(std::function<bool()> work) { _atRest = std::move(work); }
+
     /// Runs cycles until nothing waits for the next one. The clock stands still.
     void drain();
     /// Moves the clock to `now() + seconds`, stopping at every timer on the way, draining at each.
@@ -55,6 +59,7 @@ private:
     std::mutex _mutex; // guards _waiting
     std::vector<Work> _waiting;
     Work _endOfCycle;
+    std::function<bool()> _atRest;
 };
 
 } // namespace phone

@@ -19,6 +19,7 @@ void Screen::phoneCall(const std::string& number, const std::string& action) {
     request({{"do", "phoneCall"}, {"number", number}, {"action", action}});
 }
 void Screen::setClock(double seconds) { request({{"do", "setClock"}, {"seconds", seconds}}); }
+void Screen::setStoreAnswers(const std::string& when) { request({{"do", "setStoreAnswers"}, {"when", when}}); }
 void Screen::setOrientation(const std::string& name) { request({{"do", "setOrientation"}, {"orientation", name}}); }
 void Screen::setClipboard(const std::string& text) { request({{"do", "setClipboard"}, {"text", text}}); }
 void Screen::pasteText() { request({{"do", "pasteText"}}); }

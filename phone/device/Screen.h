@@ -44,6 +44,9 @@ public:
     void phoneCall(const std::string& number, const std::string& action);
     /// Sets the wall clock; seconds since 1970, UTC.
     void setClock(double seconds);
+    /// "late" (as the application starts) or "early": when the calendar store answers requests for access
+    /// that need no person.
+    void setStoreAnswers(const std::string& when);
     void setOrientation(const std::string& name);
     void setClipboard(const std::string& text);
     void pasteText();

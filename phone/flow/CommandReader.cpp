@@ -61,6 +61,33 @@ commands::Any setClock(const Yaml& node, const CommandScope& scope) {
     return commands::SetClock{time};
 }
 
+commands::Any pickDate(const Yaml& node, const CommandScope& scope) {
+    const std::string time = readText(node, "pickDate", scope);
+    const auto fields = localFields(time);
+    if (!fields || fields->tm_sec != 0) {
+        node.fail("pickDate \"" + time + "\" is no local time of a whole minute; write it like 2026-05-16T09:00");
+    }
+    return commands::PickDate{time};
+}
+
+Access access(const Yaml& node, const std::string& name, const CommandScope& scope) {
+    static constexpr std::array<std::string_view, 3> words = {"allow", "deny", "ask"};
+    const std::string word = oneOf(node, name, scope, words);
+    return word == "allow" ? Access::Allow : word == "deny" ? Access::Deny : Access::Ask;
+}
+
+commands::Any setPermissions(const Yaml& node, const CommandScope& scope) {
+    const YamlMap keys = node.map("setPermissions", {"reminders", "events"});
+    commands::SetPermissions permissions;
+    if (const auto given = keys.find("reminders")) {
+        permissions.reminders = access(*given, "reminders", scope);
+    }
+    if (const auto given = keys.find("events")) {
+        permissions.events = access(*given, "events", scope);
+    }
+    return permissions;
+}
+
 /// A name of a file below the output folder, without its ending.
 std::string outputName(const Yaml& node, const std::string& command, const CommandScope& scope) {
     const std::string name = readText(node, command, scope);
@@ -190,8 +217,16 @@ const std::vector<Known>& knownCommands() {
                                                                             "LANDSCAPE_RIGHT"};
                   return SetOrientation{oneOf(n, "setOrientation", s, names)};
               }),
+        needs("toggle", looking<Toggle>),
+        needs("pickDate", pickDate),
         needs("setClock", setClock),
         needs("setPreferences", [](const Yaml& n, const CommandScope& s) -> Any { return readPreferences(n, s); }),
+        needs("setPermissions", setPermissions),
+        needs("setStoreAnswers",
+              [](const Yaml& n, const CommandScope& s) -> Any {
+                  static constexpr std::array<std::string_view, 2> words = {"late", "early"};
+                  return SetStoreAnswers{oneOf(n, "setStoreAnswers", s, words)};
+              }),
         needs("takeScreenshot",
               [](const Yaml& n, const CommandScope& s) -> Any {
                   return TakeScreenshot{outputName(n, "takeScreenshot", s)};

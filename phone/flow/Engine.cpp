@@ -1,5 +1,7 @@
 #include "phone/flow/Engine.h"
 
+#include "phone/flow/EngineWait.h"
+
 #include <algorithm>
 #include <cmath>
 #include <sstream>
@@ -32,19 +34,6 @@ std::string obstacle(const ScreenTree& tree, const Selector& selector) {
 }
 
 } // namespace
-
-template <class Question>
-bool Engine::waitUntil(const Question& question) {
-    for (double waited = 0;; waited += look) {
-        if (question()) {
-            return true;
-        }
-        if (waited + look > patience + look / 2) {
-            return false;
-        }
-        _screen.advance(look);
-    }
-}
 
 ScreenPoint Engine::checked(const ScreenTree& tree, const ScreenPoint& point) const {
     if (point.x > tree.width() || point.y > tree.height()) {
@@ -89,6 +78,10 @@ void Engine::swipe(const PointSpec& start, const PointSpec& end, double seconds)
     const ScreenTree tree(_screen.tree(true));
     const ScreenPoint from = checked(tree, tree.at(start));
     const ScreenPoint to = checked(tree, tree.at(end));
+    drag(from, to, seconds);
+}
+
+void Engine::drag(const ScreenPoint& from, const ScreenPoint& to, double seconds) {
     const int steps = std::clamp(static_cast<int>(std::min(std::ceil(seconds / swipeStep), 1000.0)), 1, 120);
     _screen.touch(Screen::Phase::Began, from.x, from.y);
     for (int step = 1; step <= steps; ++step) {

@@ -25,6 +25,8 @@ public:
     static constexpr double tapSeconds = 0.05;    // how long a finger stays down
     static constexpr double longPressSeconds = 3; // as testers know it
     static constexpr double doubleTapPause = 0.1; // seconds from the first tap's end to the second
+    static constexpr double rowSeconds = 0.05;    // how long a finger takes for one row of a wheel
+    static constexpr int mostTurns = 10'000;      // of wheels, for one date
     static constexpr double swipeStep = 1.0 / 60; // seconds from one place of the finger to the next
 
     /// The screen has to outlive the engine.
@@ -36,6 +38,11 @@ public:
     /// The finger goes evenly and stops before it leaves the glass.
     void swipe(const PointSpec& start, const PointSpec& end, double seconds);
     void erase(long characters);
+    /// Touches the switch on the line of the label, or the one that the selector names itself.
+    void toggle(const Selector& selector);
+    /// Turns the wheels of the date picker on the screen, a finger's reach at a time, until it shows this
+    /// local time; where it does already nothing is touched. A picker of dates alone keeps its time of day.
+    void pickDate(const std::string& localTime);
 
     void assertVisible(const Selector& selector);
     void assertNotVisible(const Selector& selector);
@@ -49,6 +56,8 @@ public:
 private:
     ScreenPoint touchPoint(const Selector& selector);
     void press(const ScreenPoint& point, double seconds);
+    void drag(const ScreenPoint& from, const ScreenPoint& to, double seconds);
+    void turnWheel(const ScreenTree& tree, const ScreenPoint& finger, long rows);
     ScreenPoint checked(const ScreenTree& tree, const ScreenPoint& point) const;
     template <class Question>
     bool waitUntil(const Question& question);

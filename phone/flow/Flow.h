@@ -1,6 +1,7 @@
 /// A script for the phone, read and checked: its header and its commands.
 #pragma once
 
+#include "phone/eventkit/CalendarItems.h"
 #include "phone/flow/InputError.h"
 #include "phone/flow/Selector.h"
 
@@ -80,8 +81,21 @@ struct SetOrientation {
 struct SetClock {
     std::string localTime;
 };
+struct Toggle {
+    Selector selector; // of the label beside the switch
+};
+struct PickDate {
+    std::string localTime; // of a whole minute
+};
 struct SetPreferences {
     std::vector<std::pair<std::string, PreferenceValue>> values;
+};
+struct SetPermissions {
+    std::optional<Access> reminders; // nullopt leaves it as it is
+    std::optional<Access> events;
+};
+struct SetStoreAnswers {
+    std::string when; // late, early
 };
 struct TakeScreenshot {
     std::string name;
@@ -104,7 +118,8 @@ struct Repeat {
 
 using Any = std::variant<LaunchApp, StopApp, PhoneCall, Tap, Swipe, InputText, EraseText, PressKey, SetClipboard,
                          PasteText, HideKeyboard, AssertVisible, AssertNotVisible, WaitForAnimationToEnd, Advance,
-                         SetOrientation, SetClock, SetPreferences, TakeScreenshot, DumpTree, DumpLog, RunFlow, Repeat>;
+                         SetOrientation, SetClock, SetPreferences, TakeScreenshot, DumpTree, DumpLog, RunFlow, Repeat,
+                         Toggle, PickDate, SetPermissions, SetStoreAnswers>;
 
 } // namespace commands
 

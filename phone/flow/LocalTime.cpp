@@ -45,7 +45,9 @@ bool sameFields(const std::tm& a, const std::tm& b) {
            a.tm_min == b.tm_min && a.tm_sec == b.tm_sec;
 }
 
-std::optional<std::tm> fields(const std::string& text) {
+} // namespace
+
+std::optional<std::tm> localFields(const std::string& text) {
     static const std::regex shape(R"((\d{4})-(\d\d)-(\d\d)T(\d\d):(\d\d)(?::(\d\d))?)");
     std::smatch found;
     if (!std::regex_match(text, found, shape)) {
@@ -64,8 +66,6 @@ std::optional<std::tm> fields(const std::string& text) {
     return sameFields(time, normal) ? std::optional(time) : std::nullopt;
 }
 
-} // namespace
-
 bool isZone(const std::string& name) {
     if (name == "UTC") {
         return true;
@@ -81,10 +81,10 @@ bool isZone(const std::string& name) {
            std::string_view(magic.data(), magic.size()) == "TZif";
 }
 
-bool isLocalTime(const std::string& text) { return fields(text).has_value(); }
+bool isLocalTime(const std::string& text) { return localFields(text).has_value(); }
 
 std::optional<double> momentOf(const std::string& localTime, const std::string& zone) {
-    const auto wanted = fields(localTime);
+    const auto wanted = localFields(localTime);
     if (!wanted) {
         return std::nullopt;
     }

@@ -1,5 +1,6 @@
 #include "phone/flow/NewPhone.h"
 
+#include "phone/eventkit/CalendarFolder.h"
 #include "phone/flow/InputError.h"
 
 namespace phone {
@@ -27,10 +28,14 @@ void makePhone(const fs::path& root, const fs::path& stage, const Stores& stores
             fs::create_directories(root / folder);
         }
         NotesDatabase::create(root.string() + NotesDatabase::devicePath, stores.notes);
+        CalendarFolder(root, EntityType::Reminder).create(stores.reminderAccess, stores.reminders);
+        CalendarFolder(root, EntityType::Event).create(stores.eventAccess, stores.events);
     } catch (const fs::filesystem_error& error) {
         throw InputError({root.string(), 0}, "cannot be made: " + error.code().message());
     } catch (const NotesDatabaseError& error) {
         throw InputError({root.string(), 0}, error.what());
+    } catch (const CalendarFolderError& error) {
+        throw InputError(error.what());
     }
 }
 

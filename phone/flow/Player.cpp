@@ -1,5 +1,6 @@
 #include "phone/flow/Player.h"
 
+#include "phone/eventkit/CalendarFolder.h"
 #include "phone/flow/AtomicFile.h"
 #include "phone/flow/LocalTime.h"
 #include "phone/flow/PhoneZone.h"
@@ -60,6 +61,9 @@ struct Player::Performer {
     void operator()(const commands::Advance& advance) const { screen().advance(advance.seconds); }
     void operator()(const commands::SetOrientation& turn) const { screen().setOrientation(turn.orientation); }
 
+    void operator()(const commands::Toggle& toggle) const { engine().toggle(toggle.selector); }
+    void operator()(const commands::PickDate& pick) const { engine().pickDate(pick.localTime); }
+
     void operator()(const commands::SetClock& set) const {
         player._wallClock = player.moment(set.localTime);
         if (player._application) {
@@ -67,6 +71,22 @@ struct Player::Performer {
         }
     }
     void operator()(const commands::SetPreferences& set) const { writePreferences(player._options.root, set); }
+
+    void operator()(const commands::SetPermissions& set) const {
+        const auto decide = [&](EntityType type, const std::optional<Access>& access) {
+            if (access) {
+                CalendarFolder(player._options.root, type).setAccess(*access);
+            }
+        };
+        decide(EntityType::Reminder, set.reminders);
+        decide(EntityType::Event, set.events);
+    }
+    void operator()(const commands::SetStoreAnswers& set) const {
+        player._storeAnswers = set.when;
+        if (player._application) {
+            player._application->setStoreAnswers(set.when);
+        }
+    }
 
     void operator()(const commands::TakeScreenshot& shot) const {
         const std::string path = player.outputPath(shot.name, ".png");
@@ -222,6 +242,9 @@ void Player::launch() {
     stop();
     _application = std::make_unique<ApplicationProcess>(
         ApplicationProcess::Start{_options.executable, _options.root, _settings, _wallClock});
+    if (!_storeAnswers.empty()) {
+        _application->setStoreAnswers(_storeAnswers);
+    }
 }
 
 void Player::stop() {
@@ -229,6 +252,7 @@ void Player::stop() {
         _application->settle();
         _application->stop();
         _application.reset();
+        _storeAnswers.clear(); // goes with the process
     }
 }
 

@@ -54,6 +54,7 @@ private:
     LaunchSettings _settings;                         // of the flow that is played
     std::string _clockZone;                           // the zone that the command line's `now` was last read in
     double _wallClock = 0;                            // stands still but for setClock
+    std::string _storeAnswers;                        // as set for this run, or for the next one; "" for the usual
     std::unique_ptr<ApplicationProcess> _application; // nullptr when none runs
 };
 

@@ -1,11 +1,13 @@
 #include "phone/flow/Records.h"
 
+#include "phone/eventkit/CalendarFolder.h"
 #include "phone/flow/InputError.h"
 #include "phone/flow/LocalTime.h"
 #include "phone/notes/NotesDatabase.h"
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <filesystem>
 #include <vector>
 
@@ -52,6 +54,37 @@ ordered_json notes(const std::string& root, const std::string& zone) {
     return all;
 }
 
+ordered_json date(const std::optional<CalendarDate>& fields, const std::string& zone) {
+    return fields ? ordered_json(iso8601(momentOf(*fields, zone), zone)) : ordered_json();
+}
+
+/// The moments; an alarm that counts from a start that is missing has none.
+ordered_json alarmDates(const ReminderItem& reminder, const std::string& zone) {
+    ordered_json all = ordered_json::array();
+    for (const CalendarAlarm& alarm : reminder.alarms) {
+        if (alarm.moment) {
+            all.push_back(iso8601(*alarm.moment, zone));
+        } else if (reminder.start) {
+            all.push_back(iso8601(momentOf(*reminder.start, zone) + alarm.offset, zone));
+        }
+    }
+    return all;
+}
+
+ordered_json reminders(const std::string& root, const std::string& zone) {
+    ordered_json all = ordered_json::array();
+    for (const ReminderRow& row : CalendarFolder(root, EntityType::Reminder).reminders()) {
+        const ReminderItem& reminder = row.item;
+        all.push_back({{"list", row.list},
+                       {"title", reminder.title},
+                       {"priority", reminder.priority},
+                       {"start", date(reminder.start, zone)},
+                       {"due", date(reminder.due, zone)},
+                       {"alarms", alarmDates(reminder, zone)}});
+    }
+    return all;
+}
+
 std::size_t characterCount(const std::string& utf8) {
     return static_cast<std::size_t>(
         std::count_if(utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
@@ -72,19 +105,11 @@ std::string cell(const ordered_json& value) {
     return shown;
 }
 
-} // namespace
+using Rows = std::vector<std::array<std::string, 4>>; // the headings first
 
-ordered_json records(const std::string& root, const std::string& zone) {
-    return {{"notes", notes(root, zone)}, {"reminders", ordered_json::array()}, {"events", ordered_json::array()}};
-}
-
-std::string recordsTable(const ordered_json& records) {
-    if (records["notes"].empty()) {
-        return "No notes.\n";
-    }
-    std::vector<std::array<std::string, 4>> rows = {{"CREATED", "STORE", "TITLE", "TEXT"}};
-    for (const auto& note : records["notes"]) {
-        rows.push_back({cell(note["created"]), cell(note["store"]), cell(note["title"]), cell(note["body"])});
+std::string table(const std::string& name, const Rows& rows) {
+    if (rows.size() == 1) {
+        return "No " + name + ".\n";
     }
     std::array<std::size_t, 4> widths{};
     for (const auto& row : rows) {
@@ -92,7 +117,8 @@ std::string recordsTable(const ordered_json& records) {
             widths[i] = std::max(widths[i], characterCount(row[i]));
         }
     }
-    std::string text = "Notes\n";
+    std::string text = name + "\n";
+    text.front() = static_cast<char>(std::toupper(text.front()));
     for (const auto& row : rows) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i) {
@@ -101,6 +127,25 @@ std::string recordsTable(const ordered_json& records) {
         text += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
     }
     return text;
+}
+
+} // namespace
+
+ordered_json records(const std::string& root, const std::string& zone) {
+    return {{"notes", notes(root, zone)}, {"reminders", reminders(root, zone)}, {"events", ordered_json::array()}};
+}
+
+std::string recordsTable(const ordered_json& records) {
+    Rows notes = {{"CREATED", "STORE", "TITLE", "TEXT"}};
+    for (const auto& note : records["notes"]) {
+        notes.push_back({cell(note["created"]), cell(note["store"]), cell(note["title"]), cell(note["body"])});
+    }
+    Rows reminders = {{"DUE", "LIST", "TITLE", "PRIORITY"}};
+    for (const auto& reminder : records["reminders"]) {
+        reminders.push_back({cell(reminder["due"]), cell(reminder["list"]), cell(reminder["title"]),
+                             std::to_string(reminder["priority"].get<long>())});
+    }
+    return table("notes", notes) + table("reminders", reminders);
 }
 
 } // namespace phone

@@ -11,7 +11,7 @@ namespace phone {
 /// zone's offset. A store that is missing has no records; throws InputError when one cannot be read.
 nlohmann::ordered_json records(const std::string& root, const std::string& zone);
 
-/// The same for a person: one line a note.
+/// The same for a person: one line a record.
 std::string recordsTable(const nlohmann::ordered_json& records);
 
 } // namespace phone

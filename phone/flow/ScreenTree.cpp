@@ -62,15 +62,17 @@ std::optional<ScreenPoint> ScreenElement::touchPoint() const {
     return text >> point.x >> point.y ? std::optional(point) : std::nullopt;
 }
 
-ScreenPoint ScreenElement::at(const PointSpec& point) const {
-    double x = 0;
-    double y = 0;
-    double width = 0;
-    double height = 0;
+ScreenRect ScreenElement::rect() const {
+    ScreenRect rect;
     std::istringstream text(_node.attribute("screen").value());
     text.imbue(std::locale::classic());
-    text >> x >> y >> width >> height;
-    return {x + point.x.in(width), y + point.y.in(height)};
+    text >> rect.x >> rect.y >> rect.width >> rect.height;
+    return rect;
+}
+
+ScreenPoint ScreenElement::at(const PointSpec& point) const {
+    const ScreenRect whole = rect();
+    return {whole.x + point.x.in(whole.width), whole.y + point.y.in(whole.height)};
 }
 
 bool ScreenElement::isOfKeyboard() const {
@@ -107,6 +109,16 @@ std::vector<ScreenElement> ScreenTree::visible(const Selector& selector) const {
     if (selector.index) {
         const auto index = static_cast<std::size_t>(*selector.index);
         return index < found.size() ? std::vector{found[index]} : std::vector<ScreenElement>{};
+    }
+    return found;
+}
+
+std::vector<ScreenElement> ScreenTree::visibleWith(const char* attribute) const {
+    std::vector<ScreenElement> found;
+    for (const pugi::xpath_node& match : _screen.select_nodes((".//*[@" + std::string(attribute) + "]").c_str())) {
+        if (const ScreenElement element(match.node()); element.isVisible()) {
+            found.push_back(element);
+        }
     }
     return found;
 }

@@ -16,6 +16,16 @@ struct ScreenPoint {
     double y = 0;
 };
 
+/// A rectangle of the screen, as above.
+struct ScreenRect {
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+
+    ScreenPoint center() const { return {x + width / 2, y + height / 2}; }
+};
+
 /// One element of the tree; valid as long as its tree.
 class ScreenElement {
 public:
@@ -24,6 +34,7 @@ public:
     bool isVisible() const { return _node.attribute("visible").as_bool(); }
     /// Where a touch reaches it; nullopt when it is hidden, clipped away or covered.
     std::optional<ScreenPoint> touchPoint() const;
+    ScreenRect rect() const;
     /// A point of its rectangle.
     ScreenPoint at(const PointSpec& point) const;
     /// Whether it is one of the keyboard's own.
@@ -50,6 +61,8 @@ public:
     std::vector<ScreenElement> all(const Selector& selector) const;
     /// Those of them that are visible; with an index that one alone, if there is one.
     std::vector<ScreenElement> visible(const Selector& selector) const;
+    /// All visible elements that have the attribute, in tree order.
+    std::vector<ScreenElement> visibleWith(const char* attribute) const;
 
 private:
     pugi::xml_document _document;

@@ -1,21 +1,13 @@
 /// What stands in a new phone's stores: the stores file of `phone new`.
 #pragma once
 
+#include "phone/eventkit/CalendarItems.h"
 #include "phone/notes/NotesDatabase.h"
 
 #include <string>
 #include <vector>
 
 namespace phone {
-
-enum class Access { Ask, Allow, Deny };
-
-/// A reminder list or an event calendar.
-struct CalendarStore {
-    std::string title;
-    bool isDefault = false;
-    bool isReadOnly = false;
-};
 
 /// In the order of the file, which is the stores' order. Starts as a phone without a stores file.
 struct Stores {

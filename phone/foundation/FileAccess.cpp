@@ -5,6 +5,7 @@
 // Programs and shared objects (`execve`, `dlopen`) are not among them: those are loaded by their host path.
 
 #include "phone/device/RootFolder.h"
+#include "phone/foundation/FileFaults.h"
 
 #include <dirent.h>
 #include <dlfcn.h>
@@ -23,9 +24,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <type_traits>
 
 namespace {
 
+using phone::FileFaults;
 using phone::RootFolder;
 
 /// The C library's definition of a function defined in this file.
@@ -68,6 +71,32 @@ std::string onDevice(const std::string& path) {
     return path;
 }
 
+/// Goes on to the C library, unless the disk refuses.
+template <class Call>
+auto unlessRefused(int error, Call call) -> decltype(call()) {
+    if (error == 0) {
+        return call();
+    }
+    errno = error;
+    if constexpr (std::is_pointer_v<decltype(call())>) {
+        return nullptr;
+    } else {
+        return -1;
+    }
+}
+
+/// As `open` has them, of `fopen`'s mode.
+int flagsOf(const char* mode) {
+    return mode[0] == 'r' && std::strchr(mode, '+') == nullptr ? O_RDONLY : O_RDWR | O_CREAT;
+}
+
+/// Opens by a stream, whose writing nobody sees: on a full disk it fails at once.
+int streamFault(const char* path, const char* mode) {
+    const int flags = flagsOf(mode);
+    const int refused = FileFaults::opening(path, flags);
+    return refused != 0 || flags == O_RDONLY ? refused : FileFaults::making(path);
+}
+
 bool takesMode(int flags) { return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE; }
 
 mode_t modeIn(int flags, va_list arguments) { return takesMode(flags) ? va_arg(arguments, mode_t) : 0; }
@@ -77,7 +106,8 @@ mode_t modeIn(int flags, va_list arguments) { return takesMode(flags) ? va_arg(a
 template <class Make>
 int makeTemporary(char* name, Make make) {
     std::string onHost = RootFolder::hostPath(name);
-    const int file = make(onHost.data());
+    const int file =
+        unlessRefused(FileFaults::opening(onHost.c_str(), O_RDWR | O_CREAT), [&] { return make(onHost.data()); });
     const std::size_t length = std::strlen(name);
     std::memcpy(name, onHost.data() + onHost.size() - length, length);
     return file;
@@ -106,7 +136,8 @@ int open(const char* path, int flags, ...) {
     va_start(arguments, flags);
     const mode_t mode = modeIn(flags, arguments);
     va_end(arguments);
-    return libc(OnHost(path), flags, mode);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::opening(host, flags), [&] { return libc(host, flags, mode); });
 }
 
 int open64(const char* path, int flags, ...) {
@@ -115,7 +146,8 @@ int open64(const char* path, int flags, ...) {
     va_start(arguments, flags);
     const mode_t mode = modeIn(flags, arguments);
     va_end(arguments);
-    return libc(OnHost(path), flags, mode);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::opening(host, flags), [&] { return libc(host, flags, mode); });
 }
 
 int openat(int folder, const char* path, int flags, ...) {
@@ -124,7 +156,8 @@ int openat(int folder, const char* path, int flags, ...) {
     va_start(arguments, flags);
     const mode_t mode = modeIn(flags, arguments);
     va_end(arguments);
-    return libc(folder, OnHost(path), flags, mode);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::opening(host, flags), [&] { return libc(folder, host, flags, mode); });
 }
 
 int openat64(int folder, const char* path, int flags, ...) {
@@ -133,37 +166,44 @@ int openat64(int folder, const char* path, int flags, ...) {
     va_start(arguments, flags);
     const mode_t mode = modeIn(flags, arguments);
     va_end(arguments);
-    return libc(folder, OnHost(path), flags, mode);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::opening(host, flags), [&] { return libc(folder, host, flags, mode); });
 }
 
 int creat(const char* path, mode_t mode) {
     static const auto libc = next(&creat, "creat");
-    return libc(OnHost(path), mode);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::opening(host, O_WRONLY | O_CREAT), [&] { return libc(host, mode); });
 }
 
 int creat64(const char* path, mode_t mode) {
     static const auto libc = next(&creat64, "creat64");
-    return libc(OnHost(path), mode);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::opening(host, O_WRONLY | O_CREAT), [&] { return libc(host, mode); });
 }
 
 FILE* fopen(const char* path, const char* mode) {
     static const auto libc = next(&fopen, "fopen");
-    return libc(OnHost(path), mode);
+    const OnHost host(path);
+    return unlessRefused(streamFault(host, mode), [&] { return libc(host, mode); });
 }
 
 FILE* fopen64(const char* path, const char* mode) {
     static const auto libc = next(&fopen64, "fopen64");
-    return libc(OnHost(path), mode);
+    const OnHost host(path);
+    return unlessRefused(streamFault(host, mode), [&] { return libc(host, mode); });
 }
 
 FILE* freopen(const char* path, const char* mode, FILE* file) {
     static const auto libc = next(&freopen, "freopen");
-    return libc(OnHost(path), mode, file);
+    const OnHost host(path);
+    return unlessRefused(streamFault(host, mode), [&] { return libc(host, mode, file); });
 }
 
 FILE* freopen64(const char* path, const char* mode, FILE* file) {
     static const auto libc = next(&freopen64, "freopen64");
-    return libc(OnHost(path), mode, file);
+    const OnHost host(path);
+    return unlessRefused(streamFault(host, mode), [&] { return libc(host, mode, file); });
 }
 
 int mkstemp(char* name) {
@@ -280,17 +320,20 @@ int scandir(const char* path, dirent*** list, int (*filter)(const dirent*),
 
 int mkdir(const char* path, mode_t mode) noexcept {
     static const auto libc = next(&mkdir, "mkdir");
-    return libc(OnHost(path), mode);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::making(host), [&] { return libc(host, mode); });
 }
 
 int mkdirat(int folder, const char* path, mode_t mode) noexcept {
     static const auto libc = next(&mkdirat, "mkdirat");
-    return libc(folder, OnHost(path), mode);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::making(host), [&] { return libc(folder, host, mode); });
 }
 
 int rmdir(const char* path) noexcept {
     static const auto libc = next(&rmdir, "rmdir");
-    return libc(OnHost(path));
+    const OnHost host(path);
+    return unlessRefused(FileFaults::changing(host), [&] { return libc(host); });
 }
 
 int chdir(const char* path) noexcept {
@@ -302,38 +345,51 @@ int chdir(const char* path) noexcept {
 
 int rename(const char* from, const char* to) noexcept {
     static const auto libc = next(&rename, "rename");
-    return libc(OnHost(from), OnHost(to));
+    const OnHost source(from);
+    const OnHost target(to);
+    const int refused = FileFaults::changing(source);
+    return unlessRefused(refused != 0 ? refused : FileFaults::changing(target), [&] { return libc(source, target); });
 }
 
 int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept {
     static const auto libc = next(&renameat, "renameat");
-    return libc(fromFolder, OnHost(from), toFolder, OnHost(to));
+    const OnHost source(from);
+    const OnHost target(to);
+    const int refused = FileFaults::changing(source);
+    return unlessRefused(refused != 0 ? refused : FileFaults::changing(target),
+                         [&] { return libc(fromFolder, source, toFolder, target); });
 }
 
 int unlink(const char* path) noexcept {
     static const auto libc = next(&unlink, "unlink");
-    return libc(OnHost(path));
+    const OnHost host(path);
+    return unlessRefused(FileFaults::changing(host), [&] { return libc(host); });
 }
 
 int unlinkat(int folder, const char* path, int flags) noexcept {
     static const auto libc = next(&unlinkat, "unlinkat");
-    return libc(folder, OnHost(path), flags);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::changing(host), [&] { return libc(folder, host, flags); });
 }
 
 int remove(const char* path) noexcept {
     static const auto libc = next(&remove, "remove");
-    return libc(OnHost(path));
+    const OnHost host(path);
+    return unlessRefused(FileFaults::changing(host), [&] { return libc(host); });
 }
 
 int link(const char* from, const char* to) noexcept {
     static const auto libc = next(&link, "link");
-    return libc(OnHost(from), OnHost(to));
+    const OnHost source(from);
+    const OnHost target(to);
+    return unlessRefused(FileFaults::making(target), [&] { return libc(source, target); });
 }
 
 // The target is mapped too: the host follows the link without asking here.
 int symlink(const char* target, const char* path) noexcept {
     static const auto libc = next(&symlink, "symlink");
-    return libc(OnHost(target), OnHost(path));
+    const OnHost host(path);
+    return unlessRefused(FileFaults::making(host), [&] { return libc(OnHost(target), host); });
 }
 
 int chmod(const char* path, mode_t mode) noexcept {
@@ -358,12 +414,14 @@ int lchown(const char* path, uid_t owner, gid_t group) noexcept {
 
 int truncate(const char* path, off_t length) noexcept {
     static const auto libc = next(&truncate, "truncate");
-    return libc(OnHost(path), length);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::changing(host), [&] { return libc(host, length); });
 }
 
 int truncate64(const char* path, off64_t length) noexcept {
     static const auto libc = next(&truncate64, "truncate64");
-    return libc(OnHost(path), length);
+    const OnHost host(path);
+    return unlessRefused(FileFaults::changing(host), [&] { return libc(host, length); });
 }
 
 int utime(const char* path, const utimbuf* times) noexcept {
@@ -379,6 +437,26 @@ int utimes(const char* path, const timeval times[2]) noexcept {
 int utimensat(int folder, const char* path, const timespec times[2], int flags) noexcept {
     static const auto libc = next(&utimensat, "utimensat");
     return libc(folder, OnHost(path), times, flags);
+}
+
+// Writing. Only a full disk has a say.
+
+ssize_t write(int file, const void* bytes, size_t count) {
+    static const auto libc = next(&write, "write");
+    return unlessRefused(FileFaults::writing(file, static_cast<std::int64_t>(count)),
+                         [&] { return libc(file, bytes, count); });
+}
+
+ssize_t pwrite(int file, const void* bytes, size_t count, off_t at) {
+    static const auto libc = next(&pwrite, "pwrite");
+    return unlessRefused(FileFaults::growing(file, at + static_cast<std::int64_t>(count)),
+                         [&] { return libc(file, bytes, count, at); });
+}
+
+ssize_t pwrite64(int file, const void* bytes, size_t count, off64_t at) {
+    static const auto libc = next(&pwrite64, "pwrite64");
+    return unlessRefused(FileFaults::growing(file, at + static_cast<std::int64_t>(count)),
+                         [&] { return libc(file, bytes, count, at); });
 }
 
 } // extern "C"

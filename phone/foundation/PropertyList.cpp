@@ -4,6 +4,7 @@
 #include "phone/foundation/Correct.h"
 #include "phone/foundation/Data.h"
 #include "phone/foundation/FileLog.h"
+#include "phone/foundation/PropertyListGuard.h"
 #include "phone/foundation/Text.h"
 #include "phone/foundation/XmlPropertyList.h"
 #include "platform/foundation/NSDate.h"
@@ -26,6 +27,7 @@ namespace {
 constexpr unsigned utf8Encoding = 4;
 constexpr unsigned utf16Encoding = 10;
 constexpr mode_t filePermissions = 0644;
+constexpr std::size_t largestFile = std::size_t(32) << 20; // bytes; read whole, more would exhaust a device
 
 struct NSPropertyListSerialization : NSObject {
     static constexpr auto objc_name = "NSPropertyListSerialization";
@@ -97,11 +99,19 @@ unsigned char writeToFile(id self, SEL, id path, unsigned char atomically) {
 } // namespace
 
 std::optional<std::string> readFile(const std::string& path) {
-    const int file = open(RootFolder::hostPath(path).c_str(), O_RDONLY | O_CLOEXEC);
+    // A pipe without a writer would keep its reader waiting for ever.
+    const int file = open(RootFolder::hostPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file < 0) {
         return std::nullopt;
     }
+    struct stat status{};
+    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) ||
+        static_cast<std::size_t>(status.st_size) > largestFile) {
+        close(file);
+        return std::nullopt;
+    }
     std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(status.st_size));
     char chunk[16384];
     ssize_t count = 0;
     while ((count = read(file, chunk, sizeof chunk)) > 0) {
@@ -131,7 +141,7 @@ bool writeFile(const std::string& path, const std::string& bytes, bool atomicall
 }
 
 NSObject parsePropertyList(const std::string& bytes) {
-    if (bytes.empty()) {
+    if (bytes.empty() || !isSafeToParse(bytes)) {
         return nullptr;
     }
     const NSObject parsed = quietly([&] { return NSPropertyListSerialization::parsed(NSData::of(bytes)); });

@@ -8,7 +8,8 @@
 
 namespace phone {
 
-/// A whole file of the device or the host; nullopt when it is missing or cannot be read.
+/// A whole file of the device or the host; nullopt when it is missing, no regular file, too large for a device,
+/// or cannot be read.
 std::optional<std::string> readFile(const std::string& path);
 
 /// Writes a whole file. Atomically means that at any moment, a crash included, either the old file or the

@@ -4,14 +4,27 @@
 #include "phone/foundation/Text.h"
 #include "platform/foundation/NSNumber.h"
 
+#include <algorithm>
+#include <array>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace phone {
 
 namespace {
 
 constexpr double coreFoundationVersion = 847.20; // OS 7.0
+
+/// What every application here has loaded besides its own bundle.
+constexpr std::array<std::string_view, 5> frameworks = {"com.apple.CoreFoundation", "com.apple.Foundation",
+                                                        "com.apple.CoreGraphics", "com.apple.QuartzCore",
+                                                        "com.apple.UIKit"};
+
+bool isLoaded(const std::string& bundle) {
+    return bundle == settings().application.bundle ||
+           std::find(frameworks.begin(), frameworks.end(), bundle) != frameworks.end();
+}
 
 bool anyOf(const NSArray& names, const std::function<bool(const std::string&)>& matches) {
     for (const NSObject& name : names) {
@@ -45,7 +58,7 @@ bool versionMatches(const NSArray& range) {
 bool listMatches(const std::string& key, const NSArray& list) {
     const ApplicationProfile& application = settings().application;
     if (key == "Bundles") {
-        return anyOf(list, [&](const std::string& name) { return name == application.bundle; });
+        return anyOf(list, isLoaded);
     }
     if (key == "Executables") {
         return anyOf(list, [&](const std::string& name) { return name == application.executable; });

@@ -8,8 +8,11 @@ namespace phone {
 class ActivityIcon : public objc::Defines<ActivityIcon, UIView> {
 public:
     static constexpr auto objc_name = "UIActivityIcon";
-    static constexpr double side = 60;   // points
-    static constexpr double radius = 13; // of its corners
+    /// In points, as the platform has it: larger on a tablet.
+    static double side();
+    /// The system's own pictures are drawn on a grid of this side, with corners of this radius.
+    static constexpr double grid = 60;
+    static constexpr double radius = 13;
 
     static void define(objc::ClassTable<ActivityIcon>& c);
     static UIView with(const UIActivity& activity);

@@ -11,8 +11,9 @@ namespace phone {
 class ActivityTile : public objc::Defines<ActivityTile, UIControl> {
 public:
     static constexpr auto objc_name = "UIActivityTile";
-    static constexpr double width = 76; // points
-    static constexpr double height = 104;
+    // In points.
+    static double width();
+    static double height();
 
     static void define(objc::ClassTable<ActivityTile>& c);
 

@@ -18,6 +18,7 @@ namespace {
 
 constexpr double margin = 8; // points around the panel and the cancel bar
 constexpr double cancelHeight = 44;
+constexpr double largestWidth = 540; // of the panel, which stands in the middle of a wider screen
 constexpr double cornerRadius = 5;
 constexpr double hairline = 0.5;
 constexpr double cancelTextSize = 20;
@@ -72,6 +73,10 @@ void ActivityViewController::initWithItems(const NSArray& items, const NSArray& 
     _items = items;
     _applicationActivities = activities;
     send<"setModalPresentationStyle:">(ModalPresentationStyle::Custom);
+}
+
+bool ActivityViewController::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
+    return presentingViewController().send<"shouldAutorotateToInterfaceOrientation:", bool>(orientation);
 }
 
 objc::UInt ActivityViewController::supportedOrientations() const {
@@ -138,12 +143,12 @@ void ActivityViewController::addRow(const std::vector<UIActivity>& activities) {
     double x = 0;
     for (const UIActivity& activity : activities) {
         const auto tile = objc::as<UIControl>(ActivityTile::with(activity));
-        tile.setFrame({x, 0, ActivityTile::width, ActivityTile::height});
+        tile.setFrame({x, 0, ActivityTile::width(), ActivityTile::height()});
         tile.addTarget(*this, objc::selector<"_choose:">(), UIControlEventTouchUpInside);
         row.addSubview(tile);
-        x += ActivityTile::width;
+        x += ActivityTile::width();
     }
-    row.setContentSize({x, ActivityTile::height});
+    row.setContentSize({x, ActivityTile::height()});
     if (!_rows.empty()) {
         const auto line = objc::make<UIView>();
         line.setBackgroundColor(UIColor::rgba(0, 0, 0, 0.2));
@@ -156,12 +161,13 @@ void ActivityViewController::addRow(const std::vector<UIActivity>& activities) {
 
 CGRect ActivityViewController::cancelFrame() const {
     const CGSize screen = view().bounds().size;
-    return {margin, screen.height - margin - cancelHeight, screen.width - 2 * margin, cancelHeight};
+    const double width = std::min(screen.width - 2 * margin, largestWidth);
+    return {(screen.width - width) / 2, screen.height - margin - cancelHeight, width, cancelHeight};
 }
 
 CGRect ActivityViewController::panelFrame() const {
     const CGRect bar = cancelFrame();
-    const double height = static_cast<double>(_rows.size()) * ActivityTile::height;
+    const double height = static_cast<double>(_rows.size()) * ActivityTile::height();
     return {bar.origin.x, bar.origin.y - margin - height, bar.size.width, height};
 }
 
@@ -171,10 +177,10 @@ void ActivityViewController::viewDidLayoutSubviews() {
     _cancel.setFrame(cancelFrame());
     double y = 0;
     for (const UIScrollView& row : _rows) {
-        row.setFrame({0, y, _panel.bounds().size.width, ActivityTile::height});
-        y += ActivityTile::height;
+        row.setFrame({0, y, _panel.bounds().size.width, ActivityTile::height()});
+        y += ActivityTile::height();
     }
-    _line.setFrame({0, ActivityTile::height, _panel.bounds().size.width, hairline});
+    _line.setFrame({0, ActivityTile::height(), _panel.bounds().size.width, hairline});
 }
 
 // Coming and going: the screen darkens while the panel rises
@@ -229,9 +235,10 @@ void ActivityViewController::close(const NSString& type, bool completed) {
     }
     _closed = true;
     const UIActivityViewController sheet = *this;
-    presentation::whenIdle([sheet, type, completed] {
+    const NSString chosen = type; // a block that captures a parameter by way of the lambda never releases it
+    presentation::whenIdle([sheet, chosen, completed] {
         auto tell = ^{
-          of(sheet)->tellHandler(type, completed);
+          of(sheet)->tellHandler(chosen, completed);
         };
         if (const UIViewController presenter = sheet.presentingViewController()) {
             presenter.dismiss(true, tell);

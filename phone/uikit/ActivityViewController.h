@@ -29,7 +29,8 @@ private:
     void animatePresentation();
     void animateDismissal();
     void setCompletionHandler(const objc::Block<void(id, bool)>& handler) { _handler = handler; }
-    bool shouldAutorotateTo(UIInterfaceOrientation) const { return true; }
+    /// As the screen beneath answers, which stays in sight.
+    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const;
     objc::UInt supportedOrientations() const;
 
     void choose(const objc::Object& tile);

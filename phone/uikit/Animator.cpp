@@ -213,6 +213,10 @@ CGFloat Animator::current(const UIView& view, float end) const {
     return currentValues(view.raw(), AnimatedProperty::Alpha, values(static_cast<double>(end)))[0];
 }
 
+double Animator::currentQuarters(const UIView& view, int end) const {
+    return currentValues(view.raw(), AnimatedProperty::Quarters, values(static_cast<double>(end)))[0];
+}
+
 UIColor Animator::current(const UIView& view, const UIColor& end) const {
     if (find(view.raw(), AnimatedProperty::Background) == nullptr) {
         return end;

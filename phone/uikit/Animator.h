@@ -12,7 +12,7 @@
 
 namespace phone {
 
-enum class AnimatedProperty { Center, Bounds, Alpha, Background };
+enum class AnimatedProperty { Center, Bounds, Alpha, Background, Quarters };
 
 /// How one animation block, of either kind, animates.
 struct AnimationSettings {
@@ -61,6 +61,7 @@ public:
     CGRect current(const UIView& view, CGRect end) const;
     CGFloat current(const UIView& view, float end) const;
     UIColor current(const UIView& view, const UIColor& end) const;
+    double currentQuarters(const UIView& view, int end) const;
     bool isAnimating(const UIView& view) const;
     /// Whether an animation keeps touches off the view, its delay included.
     bool blocksTouches(const UIView& view) const;

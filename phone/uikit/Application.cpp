@@ -1,6 +1,6 @@
 #include "phone/uikit/Application.h"
 
-#include "phone/uikit/MainScreen.h"
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/StatusBar.h"
 #include "phone/uikit/Touch.h"
 #include "phone/uikit/TouchDelivery.h"
@@ -53,14 +53,24 @@ NSArray Application::windows() const {
 
 UIWindow Application::keyWindow() const { return Window::key(); }
 
-CGRect Application::statusBarFrame() const { return {0, 0, UIScreen::main().bounds().size.width, statusBarHeight}; }
+UIInterfaceOrientation Application::statusBarOrientation() const { return Interface::shared().orientation(); }
+
+CGRect Application::statusBarFrame() const {
+    const Interface& interface = Interface::shared();
+    return interface.upright({0, 0, interface.size().width, statusBarHeight});
+}
 
 void Application::beginIgnoring() {
     ++_ignoring;
     TouchDelivery::shared().cancel();
 }
 
-void Application::endIgnoring() { _ignoring = std::max(0, _ignoring - 1); }
+void Application::endIgnoring() {
+    _ignoring = std::max(0, _ignoring - 1);
+    if (_ignoring == 0) {
+        Interface::shared().transitionsEnded();
+    }
+}
 
 void Application::sendEvent(const UIEvent& event) {
     if (const auto* touch = Touch::of(event.allTouches().any<UITouch>())) {

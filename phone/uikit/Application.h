@@ -25,8 +25,8 @@ public:
     static UIApplication sharedApplication();
     NSArray windows() const;
     UIWindow keyWindow() const;
-    /// The interface stands upright on the screen, however the device is held.
-    UIInterfaceOrientation statusBarOrientation() const { return UIInterfaceOrientation::Portrait; }
+    UIInterfaceOrientation statusBarOrientation() const;
+    /// In the coordinates of the screen held upright.
     CGRect statusBarFrame() const;
     /// A touch under way is cancelled.
     void beginIgnoring();

@@ -3,6 +3,7 @@
 #include "phone/device/Settings.h"
 #include "phone/uikit/Color.h"
 #include "phone/uikit/HeldScreen.h"
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/Layer.h"
 #include "phone/uikit/StatusBar.h"
 #include "phone/uikit/View.h"
@@ -85,8 +86,11 @@ void draw(Painter& painter, const UIView& view) {
         return;
     }
     const Saved saved(painter);
-    const CGRect frame = now.frame();
-    painter.translate(frame.origin.x, frame.origin.y);
+    painter.translate(now.center.x, now.center.y);
+    if (now.quarters != 0) {
+        painter.rotate(now.quarters * std::numbers::pi / 2);
+    }
+    painter.translate(-now.bounds.size.width / 2, -now.bounds.size.height / 2);
     const bool translucent = now.alpha < 1;
     if (translucent) {
         painter.beginGroup();
@@ -100,11 +104,7 @@ void draw(Painter& painter, const UIView& view) {
 /// The controller that fills the screen: what the frontmost application window's root presents, but for
 /// what merely lies over it.
 UIViewController controllerInFront() {
-    const auto windows = Window::all();
-    const auto found = std::find_if(windows.rbegin(), windows.rend(), [](const UIWindow& window) {
-        return window.windowLevel() == 0 && !window.isHidden() && window.rootViewController();
-    });
-    UIViewController filling = found == windows.rend() ? UIViewController() : found->rootViewController();
+    UIViewController filling = Window::front().rootViewController();
     for (UIViewController above = filling; above; above = above.presentedViewController()) {
         const auto* peer = ViewController::of(above);
         filling = peer != nullptr && peer->presentsFullScreen() ? above : filling;
@@ -116,10 +116,11 @@ UIViewController controllerInFront() {
 bool isDarkUnderStatusBar(const Canvas& canvas) {
     constexpr int samples = 16;
     const DeviceProfile& device = settings().device;
+    const Interface& interface = Interface::shared();
     unsigned light = 0;
     for (int i = 0; i < samples; ++i) {
-        const CGPoint point =
-            HeldScreen::shared().held(CGPoint{device.width * (i + 0.5) / samples, statusBarHeight / 2});
+        const CGPoint read{interface.size().width * (i + 0.5) / samples, statusBarHeight / 2};
+        const CGPoint point = HeldScreen::shared().held(interface.upright({read, {}}).origin);
         const unsigned pixel =
             canvas.pixel(static_cast<int>(point.x * device.scale), static_cast<int>(point.y * device.scale));
         light += ((pixel >> 16) & 0xff) + ((pixel >> 8) & 0xff) + (pixel & 0xff);
@@ -137,6 +138,17 @@ Color statusBarColor(const Canvas& canvas) {
     return asked || isDarkUnderStatusBar(canvas) ? Color{1, 1, 1, 1} : Color{0, 0, 0, 1};
 }
 
+void drawInterfaceStatusBar(const Canvas& canvas, Painter& painter) {
+    const Interface& interface = Interface::shared();
+    const DeviceProfile& device = settings().device;
+    const CGSize size = interface.size();
+    const Saved saved(painter);
+    painter.translate(device.width / 2, device.height / 2);
+    painter.rotate(interface.quarters() * std::numbers::pi / 2);
+    painter.translate(-size.width / 2, -size.height / 2);
+    drawStatusBar(painter, size.width, statusBarColor(canvas));
+}
+
 void drawScreen(const Canvas& canvas, Painter& painter, double width, double height) {
     painter.fill({0, 0, width, height}, Color{0, 0, 0, 1});
     const auto windows = Window::all();
@@ -144,7 +156,7 @@ void drawScreen(const Canvas& canvas, Painter& painter, double width, double hei
     for (; window != windows.end() && window->windowLevel() < statusBarLevel; ++window) {
         draw(painter, *window);
     }
-    drawStatusBar(painter, width, statusBarColor(canvas));
+    drawInterfaceStatusBar(canvas, painter);
     for (; window != windows.end(); ++window) {
         draw(painter, *window);
     }

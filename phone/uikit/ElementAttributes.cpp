@@ -1,12 +1,14 @@
 #include "phone/uikit/ElementAttributes.h"
 
 #include "phone/foundation/Text.h"
+#include "phone/uikit/CalendarFields.h"
 #include "phone/uikit/Color.h"
 #include "phone/uikit/Font.h"
 #include "phone/uikit/Image.h"
 #include "phone/uikit/View.h"
 #include "platform/uikit/UIActivity.h"
 #include "platform/uikit/UIButton.h"
+#include "platform/uikit/UIDatePicker.h"
 #include "platform/uikit/UITableView.h"
 #include "platform/uikit/UITextField.h"
 #include "platform/uikit/UITextView.h"
@@ -66,6 +68,18 @@ const char* nameOf(UITableViewCellAccessoryType type) {
         break;
     }
     return "none";
+}
+
+const char* nameOf(UIDatePickerMode mode) {
+    switch (mode) {
+    case UIDatePickerMode::Time:
+        return "time";
+    case UIDatePickerMode::Date:
+        return "date";
+    case UIDatePickerMode::DateAndTime:
+        break;
+    }
+    return "dateAndTime";
 }
 
 std::string nameOf(UIControlState state) {
@@ -142,6 +156,11 @@ void writeControl(pugi::xml_node& element, const UIControl& control) {
     if (objc::responds<"isOn">(control)) {
         writeAttribute(element, "on", control.send<"isOn", bool>());
     }
+    if (objc::isKind<UIDatePicker>(control)) {
+        const auto picker = objc::as<UIDatePicker>(control);
+        writeAttribute(element, "date", iso8601(picker.date().sinceReferenceDate()));
+        writeAttribute(element, "mode", nameOf(picker.datePickerMode()));
+    }
 }
 
 void writeClassAttributes(pugi::xml_node& element, const UIView& view) {
@@ -166,11 +185,10 @@ void writeClassAttributes(pugi::xml_node& element, const UIView& view) {
     }
     if (objc::isKind<UIControl>(view)) {
         writeControl(element, objc::as<UIControl>(view));
-        // A key or a pictogram has no text of its own but says what it is.
-        const NSString label = view.accessibilityLabel();
-        if (label.length() > 0 && !element.attribute("text")) {
-            writeAttribute(element, "text", text(label));
-        }
+    }
+    // A key, a pictogram or a wheel has no text of its own but says what it is.
+    if (const NSString label = view.accessibilityLabel(); label.length() > 0 && !element.attribute("text")) {
+        writeAttribute(element, "text", text(label));
     }
     if (objc::isKind<UITableView>(view)) {
         const bool grouped = objc::as<UITableView>(view).style() == UITableViewStyle::Grouped;

@@ -71,6 +71,7 @@ void GestureRecognizer::fail() {
 }
 
 void GestureRecognizer::finish() {
+    _touch = nullptr; // which keeps the view it began in, and that its recognisers
     _state = State::Possible;
     send<"reset">();
 }

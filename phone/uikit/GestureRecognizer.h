@@ -83,7 +83,7 @@ private:
     bool _enabled = true;
     bool _cancelsTouchesInView = true;
     objc::Unretained<UIView> _view;
-    UITouch _touch; // nil before the first
+    UITouch _touch; // nil while no finger is followed
     std::vector<Target> _targets;
 };
 

@@ -1,6 +1,7 @@
 #include "phone/uikit/Image.h"
 
 #include "phone/device/Settings.h"
+#include "phone/foundation/FileLog.h"
 #include "phone/foundation/Text.h"
 
 #include <algorithm>
@@ -64,6 +65,7 @@ UIImage Image::imageWithContentsOfFile(const NSString& path) {
     if (given.empty()) {
         return nullptr;
     }
+    FileEntry entry(FileEntry::Action::Read, given); // one, whichever of the two files it is
     std::shared_ptr<const Bitmap> bitmap;
     double scale = isRetinaPath(given) ? retinaScale : 1;
     if (scale == 1 && settings().device.scale >= retinaScale) {
@@ -73,7 +75,7 @@ UIImage Image::imageWithContentsOfFile(const NSString& path) {
     if (bitmap == nullptr) {
         bitmap = Bitmap::load(given);
     }
-    if (bitmap == nullptr) {
+    if (!entry.finish(bitmap != nullptr)) {
         return nullptr;
     }
     auto image = objc::make<UIImage>();

@@ -4,9 +4,11 @@
 #include "phone/device/Settings.h"
 #include "phone/foundation/Text.h"
 #include "phone/uikit/Animator.h"
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/KeyboardView.h"
 #include "phone/uikit/Responder.h"
 #include "phone/uikit/TextInput.h"
+#include "phone/uikit/View.h"
 #include "platform/foundation/NSNotification.h"
 #include "platform/foundation/NSNumber.h"
 #include "platform/uikit/UIKeyboard.h"
@@ -33,7 +35,7 @@ struct Edited {
     TextInput* operator->() const { return input; }
 };
 
-bool isTablet() { return settings().device.idiom == 1; }
+bool isTablet() { return settings().device.isTablet(); }
 
 } // namespace
 
@@ -92,10 +94,11 @@ CGFloat Keyboard::height(bool tablet, bool lying) {
     return lying ? 162 : 216;
 }
 
-CGRect Keyboard::frame() const {
-    const CGSize screen = UIScreen::main().bounds().size;
-    const CGFloat high = height(isTablet(), false);
-    return {0, _shown ? screen.height - high : screen.height, screen.width, high};
+CGRect Keyboard::frame(bool shown) const {
+    const Interface& interface = Interface::shared();
+    const CGSize screen = interface.size();
+    const CGFloat high = height(isTablet(), screen.width > screen.height);
+    return interface.upright({0, shown ? screen.height - high : screen.height, screen.width, high});
 }
 
 void Keyboard::build() {
@@ -118,6 +121,9 @@ void Keyboard::show() {
         refresh();
         return;
     }
+    if (_window.isHidden()) {
+        putInPlace();
+    }
     const CGRect begin = frame();
     _shown = true;
     const CGRect end = frame();
@@ -128,10 +134,7 @@ void Keyboard::show() {
         return; // an observer has ended the editing
     }
     slide(end);
-    _arrival = RunLoop::main().after(slideSeconds, [this, begin, end] {
-        _arrival = 0;
-        post(UIKeyboardDidShowNotification, begin, end);
-    });
+    arriveAfter(slideSeconds, [this, begin, end] { post(UIKeyboardDidShowNotification, begin, end); });
 }
 
 void Keyboard::hide(const UIResponder& coming) {
@@ -146,11 +149,38 @@ void Keyboard::hide(const UIResponder& coming) {
         return; // an observer has begun to edit
     }
     slide(end);
-    _arrival = RunLoop::main().after(slideSeconds, [this, begin, end] {
-        _arrival = 0;
+    arriveAfter(slideSeconds, [this, begin, end] {
         _window.setHidden(true);
         post(UIKeyboardDidHideNotification, begin, end);
     });
+}
+
+void Keyboard::interfaceWillTurn() {
+    if (_shown) {
+        const CGRect begin = frame(true);
+        const CGRect end = frame(false);
+        post(UIKeyboardWillHideNotification, begin, end);
+        post(UIKeyboardDidHideNotification, begin, end);
+    }
+}
+
+void Keyboard::interfaceTurned(double seconds) {
+    if (!_window) {
+        return;
+    }
+    if (!_shown) {
+        cancelArrival();
+        _window.setHidden(true); // the next time it comes from the new edge
+        return;
+    }
+    const CGRect begin = frame(false);
+    const CGRect end = frame(true);
+    post(UIKeyboardWillShowNotification, begin, end);
+    if (!_shown) {
+        return; // an observer has ended the editing
+    }
+    putInPlace();
+    arriveAfter(seconds, [this, begin, end] { post(UIKeyboardDidShowNotification, begin, end); });
 }
 
 void Keyboard::refresh() {
@@ -160,11 +190,27 @@ void Keyboard::refresh() {
     }
 }
 
+void Keyboard::putInPlace() {
+    View::of(_keys)->setQuarters(Interface::shared().quarters());
+    _keys.setFrame(frame());
+}
+
 /// A slide under way is given up; what should have followed it does not come.
-void Keyboard::slide(CGRect to) {
+void Keyboard::cancelArrival() {
     if (const auto pending = std::exchange(_arrival, 0)) {
         RunLoop::main().cancel(pending);
     }
+}
+
+void Keyboard::arriveAfter(double seconds, std::function<void()> arrival) {
+    cancelArrival();
+    _arrival = RunLoop::main().after(seconds, [this, arrival = std::move(arrival)] {
+        _arrival = 0;
+        arrival();
+    });
+}
+
+void Keyboard::slide(CGRect to) {
     AnimationSettings settings;
     settings.duration = slideSeconds;
     Animator::shared().open(std::move(settings), nullptr);

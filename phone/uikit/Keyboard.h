@@ -5,6 +5,7 @@
 #include "platform/uikit/UIResponder.h"
 #include "platform/uikit/UIWindow.h"
 
+#include <functional>
 #include <string>
 
 namespace phone {
@@ -40,17 +41,26 @@ public:
 
     bool isShown() const { return _shown; }
     /// In the coordinates of the screen held upright; below the screen while hidden.
-    CGRect frame() const;
+    CGRect frame() const { return frame(_shown); }
 
     /// A text input has become the first responder.
     void show();
     /// A text input has resigned; `coming` is what becomes first responder in its place, or nil.
     void hide(const UIResponder& coming);
+    /// The interface is about to stand differently: a keyboard that is shown says that it goes.
+    void interfaceWillTurn();
+    /// The interface stands differently, after an animation of this many seconds: a keyboard that is shown
+    /// comes again at the new edge. Called inside that animation.
+    void interfaceTurned(double seconds);
     /// The first responder's return key may have changed.
     void refresh();
 
 private:
     void build();
+    CGRect frame(bool shown) const;
+    void putInPlace();
+    void cancelArrival();
+    void arriveAfter(double seconds, std::function<void()> arrival);
     void slide(CGRect to);
     void post(id name, CGRect begin, CGRect end) const;
 

@@ -36,6 +36,26 @@ constexpr Characters germanDigits{{"1234567890", "-/:;()€&@\"", ".,?!'"}, {"12
 constexpr Characters englishSymbols{{"[]{}#%^*+=", "_\\|~<>€£¥•", ".,?!'"}, {"[]{}#%^*+=", "_\\|~<>€£¥•", ".,?!'"}};
 constexpr Characters germanSymbols{{"[]{}#%^*+=", "_\\|~<>$£¥•", ".,?!'"}, {"[]{}#%^*+=", "_\\|~<>$£¥•", ".,?!'"}};
 
+// A tablet's second row ends with the return key.
+constexpr Characters englishTabletDigits{{"1234567890", "-/:;()$&@", ".,?!'\""},
+                                         {"1234567890", "-/:;()$&@", ".,?!'\""}};
+constexpr Characters germanTabletDigits{{"1234567890", "-/:;()€&@", ".,?!'\""}, {"1234567890", "-/:;()€&@", ".,?!'\""}};
+constexpr Characters englishTabletSymbols{{"[]{}#%^*+=", "_\\|~<>€£¥", ".,?!'•"},
+                                          {"[]{}#%^*+=", "_\\|~<>€£¥", ".,?!'•"}};
+constexpr Characters germanTabletSymbols{{"[]{}#%^*+=", "_\\|~<>$£¥", ".,?!'•"},
+                                         {"[]{}#%^*+=", "_\\|~<>$£¥", ".,?!'•"}};
+
+const Characters& tabletCharactersOf(KeyboardPlane plane, bool german) {
+    switch (plane) {
+    case KeyboardPlane::Letters:
+        return german ? germanLetters : englishLetters;
+    case KeyboardPlane::Digits:
+        return german ? germanTabletDigits : englishTabletDigits;
+    default:
+        return german ? germanTabletSymbols : englishTabletSymbols;
+    }
+}
+
 const Characters& charactersOf(KeyboardPlane plane, bool german) {
     switch (plane) {
     case KeyboardPlane::Letters:
@@ -76,6 +96,12 @@ KeyboardKey planeKey(KeyboardPlane plane, const std::string& title, double width
     return key;
 }
 
+KeyboardKey spaceKey(const std::string& language, double width) {
+    KeyboardKey space = special(Kind::Space, isGerman(language) ? "Leerzeichen" : "space", width);
+    space.lower = space.upper = " ";
+    return space;
+}
+
 double lengthOf(const Row& row) {
     double sum = 0;
     for (const KeyboardKey& key : row) {
@@ -101,23 +127,72 @@ Row thirdRow(const Characters& characters, KeyboardPlane plane, double length) {
     return row;
 }
 
-Row bottomRow(KeyboardPlane plane, UIReturnKeyType returnKey, const std::string& language, double length, bool tablet) {
+Row bottomRow(KeyboardPlane plane, UIReturnKeyType returnKey, const std::string& language, double length) {
     const bool letters = plane == KeyboardPlane::Letters;
     Row row{planeKey(letters ? KeyboardPlane::Digits : KeyboardPlane::Letters, letters ? "123" : "ABC", length / 4)};
-    KeyboardKey space = special(Kind::Space, isGerman(language) ? "Leerzeichen" : "space", length / 2);
-    space.lower = space.upper = " ";
-    row.push_back(space);
-    row.push_back(special(Kind::Return, returnKeyTitle(returnKey, language), tablet ? length * 0.15 : length / 4));
-    if (tablet) {
-        row.push_back(special(Kind::Hide, "", length * 0.1));
-    }
+    row.push_back(spaceKey(language, length / 2));
+    row.push_back(special(Kind::Return, returnKeyTitle(returnKey, language), length / 4));
     return row;
 }
 
+/// Rows, and how far from the left edge the second begins, in letters; the others are centred.
+struct Board {
+    std::vector<Row> rows;
+    double length = 0;
+    double secondRowInset = 0;
+};
+
+Board phoneBoard(KeyboardPlane plane, const std::string& language, UIReturnKeyType returnKey) {
+    const Characters& characters = charactersOf(plane, isGerman(language));
+    Board board;
+    board.rows = {characterRow(characters.lower[0], characters.upper[0]),
+                  characterRow(characters.lower[1], characters.upper[1])};
+    board.length = std::max(lengthOf(board.rows[0]), lengthOf(board.rows[1]));
+    board.secondRowInset = (board.length - lengthOf(board.rows[1])) / 2;
+    board.rows.push_back(thirdRow(characters, plane, board.length));
+    board.rows.push_back(bottomRow(plane, returnKey, language, board.length));
+    return board;
+}
+
+/// Backspace ends the first row and return the second; what changes the keys stands at both ends of the
+/// lower two, and the last key puts the keyboard away.
+Board tabletBoard(KeyboardPlane plane, const std::string& language, UIReturnKeyType returnKey) {
+    const Characters& characters = tabletCharactersOf(plane, isGerman(language));
+    const bool letters = plane == KeyboardPlane::Letters;
+    Board board;
+    Row first = characterRow(characters.lower[0], characters.upper[0]);
+    first.push_back(special(Kind::Backspace, "", 1));
+    board.length = lengthOf(first);
+
+    Row second = characterRow(characters.lower[1], characters.upper[1]);
+    const double left = board.length - lengthOf(second);
+    board.secondRowInset = left >= 2 ? 0.5 : 0;
+    second.push_back(special(Kind::Return, returnKeyTitle(returnKey, language), left - board.secondRowInset));
+
+    Row third = characterRow(characters.lower[2], characters.upper[2]);
+    if (letters) {
+        const Row marks = characterRow(",.", ",.");
+        third.insert(third.end(), marks.begin(), marks.end());
+    }
+    const double side = (board.length - lengthOf(third)) / 2;
+    const KeyboardKey changes = letters                          ? special(Kind::Shift, "", side)
+                                : plane == KeyboardPlane::Digits ? planeKey(KeyboardPlane::Symbols, "#+=", side)
+                                                                 : planeKey(KeyboardPlane::Digits, "123", side);
+    third.insert(third.begin(), changes);
+    third.push_back(changes);
+
+    constexpr double small = 1.5;
+    const KeyboardKey other =
+        planeKey(letters ? KeyboardPlane::Digits : KeyboardPlane::Letters, letters ? ".?123" : "ABC", small);
+    const Row last{other, spaceKey(language, board.length - 3 * small), other, special(Kind::Hide, "", small)};
+    board.rows = {first, second, third, last};
+    return board;
+}
+
 /// Gives the keys of a row their places; the outer keys of a row shorter than the keyboard reach the edge.
-void place(Row& row, CGFloat top, CGFloat height, double length, CGFloat width) {
+void place(Row& row, double inset, CGFloat top, CGFloat height, double length, CGFloat width) {
     const CGFloat unit = width / length;
-    CGFloat x = (length - lengthOf(row)) / 2 * unit;
+    CGFloat x = inset * unit;
     for (std::size_t i = 0; i < row.size(); ++i) {
         const CGFloat next = x + row[i].width * unit;
         const CGFloat left = i == 0 ? 0 : x;
@@ -132,20 +207,14 @@ void place(Row& row, CGFloat top, CGFloat height, double length, CGFloat width) 
 
 std::vector<KeyboardKey> keyboardKeys(KeyboardPlane plane, const std::string& language, UIReturnKeyType returnKey,
                                       CGSize size, bool tablet) {
-    const Characters& characters = charactersOf(plane, isGerman(language));
-    std::vector<Row> rows{characterRow(characters.lower[0], characters.upper[0]),
-                          characterRow(characters.lower[1], characters.upper[1])};
-    const double length = std::max(lengthOf(rows[0]), lengthOf(rows[1]));
-    rows.push_back(thirdRow(characters, plane, length));
-    rows.push_back(bottomRow(plane, returnKey, language, length, tablet));
-
+    Board board = tablet ? tabletBoard(plane, language, returnKey) : phoneBoard(plane, language, returnKey);
     std::vector<KeyboardKey> keys;
-    const CGFloat height = size.height / static_cast<CGFloat>(rows.size());
-    CGFloat top = 0;
-    for (Row& row : rows) {
-        place(row, top, height, length, size.width);
+    const CGFloat height = size.height / static_cast<CGFloat>(board.rows.size());
+    for (std::size_t i = 0; i < board.rows.size(); ++i) {
+        Row& row = board.rows[i];
+        const double inset = i == 1 ? board.secondRowInset : (board.length - lengthOf(row)) / 2;
+        place(row, inset, static_cast<CGFloat>(i) * height, height, board.length, size.width);
         keys.insert(keys.end(), row.begin(), row.end());
-        top += height;
     }
     return keys;
 }

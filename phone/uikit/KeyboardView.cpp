@@ -13,7 +13,7 @@ using Kind = KeyboardKey::Kind;
 
 constexpr Color boardColor{209 / 255.0, 213 / 255.0, 219 / 255.0, 1};
 
-bool isTablet() { return settings().device.idiom == 1; }
+bool isTablet() { return settings().device.isTablet(); }
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "phone/uikit/MainScreen.h"
 
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/StatusBar.h"
 
 namespace phone {
@@ -13,8 +14,9 @@ UIScreen MainScreen::mainScreen() {
 }
 
 CGRect MainScreen::applicationFrame() const {
-    const CGRect all = bounds();
-    return {0, statusBarHeight, all.size.width, all.size.height - statusBarHeight};
+    const Interface& interface = Interface::shared();
+    const CGSize read = interface.size();
+    return interface.upright({0, statusBarHeight, read.width, read.height - statusBarHeight});
 }
 
 } // namespace phone

@@ -4,6 +4,7 @@
 #include "phone/foundation/Raise.h"
 #include "phone/uikit/LayoutContainerView.h"
 #include "phone/uikit/NavigationBar.h"
+#include "phone/uikit/StatusBar.h"
 #include "platform/uikit/UIScreen.h"
 
 #include <algorithm>
@@ -56,6 +57,7 @@ void NavigationController::define(objc::ClassTable<NavigationController>& c) {
         .def<"popToRootViewControllerAnimated:", &NavigationController::popToRoot>()
         .def<"popToViewController:animated:", &NavigationController::popTo>()
         .overrides<"_appearingChildren", &NavigationController::appearingChildren>()
+        .overrides<"shouldAutorotateToInterfaceOrientation:", &NavigationController::shouldAutorotateTo>()
         .overrides<"endAppearanceTransition", &NavigationController::endAppearanceTransition>()
         .def<"_startDeferredTransitionIfNeeded", &NavigationController::startDeferredTransitionIfNeeded>()
         .def<"_layOutContainer", &NavigationController::layOut>()
@@ -282,6 +284,12 @@ NSArray NavigationController::appearingChildren() {
     return _shown ? NSArray::of(_shown) : NSArray::of();
 }
 
+bool NavigationController::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
+    const UIViewController top = topViewController();
+    return top ? top.send<"shouldAutorotateToInterfaceOrientation:", bool>(orientation)
+               : super<"shouldAutorotateToInterfaceOrientation:", bool>(orientation);
+}
+
 void NavigationController::endAppearanceTransition() {
     super<"endAppearanceTransition">();
     if (_pending) {
@@ -312,7 +320,7 @@ UINavigationBar NavigationController::navigationBar() {
 
 CGRect NavigationController::barFrame() const {
     const CGRect screen = peer(*this).viewIfLoaded() ? peer(*this).viewIfLoaded().bounds() : UIScreen::main().bounds();
-    return {0, UIApplication::shared().statusBarFrame().size.height, screen.size.width, NavigationBar::height};
+    return {0, statusBarHeight, screen.size.width, NavigationBar::height};
 }
 
 void NavigationController::setNavigationBarHidden(bool hidden, bool animated) {

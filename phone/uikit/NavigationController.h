@@ -45,6 +45,8 @@ private:
     void setBarHidden(bool hidden) { setNavigationBarHidden(hidden, false); }
     NSArray appearingChildren();
     void endAppearanceTransition();
+    /// As the top of the stack answers.
+    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const;
     /// What is presented, or else the top.
     UIViewController visibleViewController() const;
 

@@ -2,6 +2,7 @@
 
 #include "phone/device/Log.h"
 #include "phone/foundation/Raise.h"
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/ViewController.h"
 
 #include <algorithm>
@@ -135,6 +136,8 @@ bool canPresent(const UIViewController& presenter, const UIViewController& prese
 
 void setObserver(std::function<void()> work) { observer() = std::move(work); }
 
+std::vector<UIViewController> visibleFrom(const UIViewController& root) { return visible(chainThrough(root)); }
+
 bool isUnderWay() { return underWay; }
 
 void whenIdle(std::function<void()> work) {
@@ -167,10 +170,13 @@ void present(const UIViewController& sender, const UIViewController& presented, 
     peer(presenter).setPresentedHere(presented);
     peer(presented).setPresentingHere(presenter);
     begin(covered, false, animated);
+    if (peer(presented).presentsFullScreen()) {
+        Interface::shared().adopt(presented);
+    }
+    const UIView view = presented.view();
+    Interface::shared().fill(view, window); // what appears finds its size
     begin({presented}, true, animated);
 
-    const UIView view = presented.view();
-    view.setFrame(window.bounds());
     window.addSubview(view);
     view.layoutIfNeeded();
     presented.send<"_preparePresentation">();
@@ -212,12 +218,17 @@ void dismiss(const UIViewController& sender, bool animated, const objc::Block<vo
         log("dismiss", *gone, *std::next(gone));
     }
     start();
+    if (!coming.empty()) {
+        Interface::shared().adopt(coming.back());
+    }
+    for (const UIViewController& controller : coming) {
+        Interface::shared().fill(controller.view(), window);
+    }
     begin(going, false, animated);
     begin(coming, true, animated);
 
     const UIView lowest = going.empty() ? UIView() : going.front().view();
     for (const UIViewController& controller : coming) {
-        controller.view().setFrame(window.bounds());
         window.send<"insertSubview:belowSubview:">(controller.view(), lowest);
         controller.view().layoutIfNeeded();
     }

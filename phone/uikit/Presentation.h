@@ -4,6 +4,7 @@
 #include "platform/uikit/UIViewController.h"
 
 #include <functional>
+#include <vector>
 
 namespace phone::presentation {
 
@@ -25,6 +26,10 @@ void whenIdle(std::function<void()> work);
 
 /// Called after each transition, when its completion has run. Replaces the one before.
 void setObserver(std::function<void()> observer);
+
+/// What can be seen of a window with this root, lowest first: the topmost controller that fills the screen, and
+/// what lies over that.
+std::vector<UIViewController> visibleFrom(const UIViewController& root);
 
 /// Whether something is on its way onto the screen or off it.
 bool isUnderWay();

@@ -7,6 +7,6 @@ void registerDrawingClasses(); // UIColor, UIFont, UIImage, UIImageView, UILabel
 void registerViewClasses(); // UIResponder, UIView, CALayer, UIWindow, UIScreen, UIDevice, UIApplication, recognisers,
                             // touches
 void registerControllerClasses(); // UIViewController, navigation, bars, UIActivity, the share sheet
-void registerTextClasses();       // UIControl, UIButton, UIScrollView, text input, the keyboard, tables
+void registerTextClasses();       // UIControl and its kin, UIScrollView, text input, the keyboard, tables
 
 } // namespace phone

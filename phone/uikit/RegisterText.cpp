@@ -1,12 +1,16 @@
+#include "phone/uikit/AlertView.h"
 #include "phone/uikit/Button.h"
 #include "phone/uikit/Caret.h"
 #include "phone/uikit/Control.h"
+#include "phone/uikit/DatePicker.h"
 #include "phone/uikit/KeyboardNames.h"
 #include "phone/uikit/KeyboardView.h"
 #include "phone/uikit/Pasteboard.h"
+#include "phone/uikit/PickerWheel.h"
 #include "phone/uikit/Register.h"
 #include "phone/uikit/ScrollDrag.h"
 #include "phone/uikit/ScrollView.h"
+#include "phone/uikit/Switch.h"
 #include "phone/uikit/TableParts.h"
 #include "phone/uikit/TableView.h"
 #include "phone/uikit/TableViewCell.h"
@@ -21,6 +25,10 @@ void registerTextClasses() {
     Button::definedClass();
     ScrollDrag::definedClass();
     ScrollView::definedClass();
+    Switch::definedClass();
+    PickerWheel::definedClass();
+    DatePicker::definedClass();
+    AlertView::definedClass();
     Caret::definedClass();
     TextField::definedClass();
     TextView::definedClass();

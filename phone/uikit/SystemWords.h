@@ -9,6 +9,7 @@ namespace phone {
 NSString inPhoneLanguage(const char* english, const char* german);
 
 inline NSString backWord() { return inPhoneLanguage("Back", "Zurück"); }
+inline NSString todayWord() { return inPhoneLanguage("Today", "Heute"); }
 inline NSString cancelWord() { return inPhoneLanguage("Cancel", "Abbrechen"); }
 
 } // namespace phone

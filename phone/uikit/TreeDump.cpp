@@ -18,7 +18,7 @@ namespace {
 
 /// What a view's surroundings make of it.
 struct Surroundings {
-    CGPoint origin;    // of the superview's points, on the upright screen
+    Placement place;   // of the superview's points on the upright screen
     CGRect clip;       // what of the upright screen is left by the views around
     bool shown = true; // whether none of them is hidden or transparent
 };
@@ -36,8 +36,7 @@ void write(pugi::xml_node parent, const UIView& view, const Surroundings& around
     }
     pugi::xml_node element = parent.append_child(class_getName(object_getClass(view.raw())));
     const CGRect frame = view.frame();
-    const CGRect bounds = view.bounds();
-    const CGRect place{{around.origin.x + frame.origin.x, around.origin.y + frame.origin.y}, frame.size};
+    const CGRect place = around.place.outward(frame);
     const CGRect seen = intersection(place, around.clip);
     const bool shown = around.shown && !isInvisible(view);
 
@@ -52,9 +51,7 @@ void write(pugi::xml_node parent, const UIView& view, const Surroundings& around
         }
     }
 
-    const Surroundings inside{{place.origin.x - bounds.origin.x, place.origin.y - bounds.origin.y},
-                              view.clipsToBounds() ? seen : around.clip,
-                              shown};
+    const Surroundings inside{around.place.after(peer->placement()), view.clipsToBounds() ? seen : around.clip, shown};
     for (const UIView& child : peer->children()) {
         write(element, child, inside, forFinding);
     }

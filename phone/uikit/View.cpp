@@ -126,14 +126,17 @@ void View::initWithFrame(CGRect frame) {
 
 // Geometry
 
+/// The size as the superview has it, or the other way round.
+CGSize View::across(CGSize size) const { return _quarters % 2 == 0 ? size : CGSize{size.height, size.width}; }
+
 CGRect View::frame() const {
-    return {_center.x - _bounds.size.width / 2, _center.y - _bounds.size.height / 2, _bounds.size.width,
-            _bounds.size.height};
+    const CGSize size = across(_bounds.size);
+    return {_center.x - size.width / 2, _center.y - size.height / 2, size.width, size.height};
 }
 
 void View::setFrame(CGRect frame) {
     // By way of the messages: subclasses watch the bounds, whoever changes them.
-    send<"setBounds:">(CGRect(_bounds.origin, frame.size));
+    send<"setBounds:">(CGRect(_bounds.origin, across(frame.size)));
     send<"setCenter:">(frame.center());
 }
 
@@ -156,6 +159,24 @@ void View::setCenter(CGPoint center) {
     }
     Animator::shared().willChange(*this, AnimatedProperty::Center, Animator::values(_center));
     _center = center;
+}
+
+void View::setQuarters(int quarters) {
+    const int forward = ((quarters - _quarters) % 4 + 4) % 4;
+    if (forward == 0) {
+        return;
+    }
+    Animator::shared().willChange(*this, AnimatedProperty::Quarters, Animator::values(static_cast<double>(_quarters)));
+    _quarters += forward == 3 ? -1 : forward;
+}
+
+Placement View::placement() const {
+    if (_quarters % 4 == 0) {
+        const CGPoint origin = frame().origin;
+        return {0, {origin.x - _bounds.origin.x, origin.y - _bounds.origin.y}};
+    }
+    const CGPoint middle = turned(_bounds.center(), _quarters);
+    return {_quarters, {_center.x - middle.x, _center.y - middle.y}};
 }
 
 void View::noticeResize(CGSize before) {
@@ -186,39 +207,36 @@ void View::autoresize(CGSize before, CGSize now) {
 
 namespace {
 
-/// From a view's points to those of the window, or of the topmost view of its tree.
-CGPoint toTop(CGPoint point, UIView view) {
-    while (View* peer = View::of(view)) {
-        const CGRect frame = peer->frame();
-        const CGPoint origin = peer->bounds().origin;
-        point = {point.x - origin.x + frame.origin.x, point.y - origin.y + frame.origin.y};
+/// Of a view's points in those of the window, or of the topmost view of its tree.
+Placement placementInTop(UIView view) {
+    Placement all;
+    while (const View* peer = View::of(view)) {
+        all = peer->placement().after(all);
         view = peer->superview();
     }
-    return point;
+    return all;
 }
 
 } // namespace
 
 CGPoint View::convertPointToView(CGPoint point, const UIView& view) const {
     const UIView target = view ? view : UIView(window());
-    const CGPoint here = toTop(point, *this);
-    const CGPoint zero = toTop({}, target);
-    return {here.x - zero.x, here.y - zero.y};
+    return placementInTop(target).inward(placementInTop(*this).outward(point));
 }
 
 CGPoint View::convertPointFromView(CGPoint point, const UIView& view) const {
     const UIView source = view ? view : UIView(window());
-    const CGPoint there = toTop(point, source);
-    const CGPoint zero = toTop({}, *this);
-    return {there.x - zero.x, there.y - zero.y};
+    return placementInTop(*this).inward(placementInTop(source).outward(point));
 }
 
 CGRect View::convertRectToView(CGRect rect, const UIView& view) const {
-    return {convertPointToView(rect.origin, view), rect.size};
+    const UIView target = view ? view : UIView(window());
+    return placementInTop(target).inward(placementInTop(*this).outward(rect));
 }
 
 CGRect View::convertRectFromView(CGRect rect, const UIView& view) const {
-    return {convertPointFromView(rect.origin, view), rect.size};
+    const UIView source = view ? view : UIView(window());
+    return placementInTop(*this).inward(placementInTop(source).outward(rect));
 }
 
 void View::sizeToFit() {
@@ -274,12 +292,13 @@ void View::setClipsToBounds(bool clips) { _layer.setMasksToBounds(clips); }
 
 Presentation View::presentation() const {
     Animator& animator = Animator::shared();
-    Presentation now{_center, _bounds, _alpha, _background};
+    Presentation now{_center, _bounds, _alpha, _background, static_cast<double>(_quarters)};
     if (animator.isAnimating(*this)) {
         now.center = animator.current(*this, _center);
         now.bounds = animator.current(*this, _bounds);
         now.alpha = animator.current(*this, _alpha);
         now.background = animator.current(*this, _background);
+        now.quarters = animator.currentQuarters(*this, _quarters);
     }
     return now;
 }

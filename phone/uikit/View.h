@@ -1,6 +1,7 @@
 /// One rectangle on the screen: its place, its children, how it looks, and whether it takes touches.
 #pragma once
 
+#include "phone/uikit/Placement.h"
 #include "phone/uikit/Responder.h"
 #include "platform/uikit/UIGestureRecognizer.h"
 #include "platform/uikit/UIWindow.h"
@@ -14,14 +15,12 @@ struct Presentation {
     CGPoint center;
     CGRect bounds;
     CGFloat alpha = 1;
-    UIColor background; // nil when there is none
-    CGRect frame() const {
-        return {center.x - bounds.size.width / 2, center.y - bounds.size.height / 2, bounds.size.width,
-                bounds.size.height};
-    }
+    UIColor background;  // nil when there is none
+    double quarters = 0; // by which it is turned, clockwise
 };
 
-/// UIView. Frame, bounds and centre are kept as they are given, fractions included; there is no transform.
+/// UIView. Frame, bounds and centre are kept as they are given, fractions included. The only transforms are
+/// whole quarters of a turn, for who fills a window with a view.
 class View : public objc::Implements<View, UIView, UIResponder> {
 public:
     static void define(objc::ClassTable<View>& c);
@@ -37,6 +36,11 @@ public:
     void setBounds(CGRect bounds);
     CGPoint center() const { return _center; }
     void setCenter(CGPoint center);
+    /// The view is turned around its centre by this many quarters, clockwise; an animation goes the short way.
+    void setQuarters(int quarters);
+    int quarters() const { return _quarters; }
+    /// Of its points in the superview's.
+    Placement placement() const;
     CGPoint convertPointToView(CGPoint point, const UIView& view) const;
     CGPoint convertPointFromView(CGPoint point, const UIView& view) const;
     CGRect convertRectToView(CGRect rect, const UIView& view) const;
@@ -97,6 +101,7 @@ public:
 private:
     friend class Window;
 
+    CGSize across(CGSize size) const;
     void noticeResize(CGSize before);
     void autoresize(CGSize before, CGSize now);
     void place(const UIView& view, std::size_t index);
@@ -114,6 +119,7 @@ private:
 
     CGPoint _center;
     CGRect _bounds;
+    int _quarters = 0;
     objc::Unretained<UIView> _superview;
     std::vector<UIView> _subviews;
     CALayer _layer;

@@ -1,7 +1,6 @@
 #include "phone/uikit/ViewController.h"
 
 #include "phone/device/Log.h"
-#include "phone/device/Settings.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/View.h"
 #include "platform/uikit/UIScreen.h"
@@ -12,14 +11,8 @@ namespace phone {
 
 namespace {
 
-/// Bits of `UIInterfaceOrientationMask`.
+/// Of `UIInterfaceOrientationMask`.
 constexpr objc::UInt bit(UIInterfaceOrientation orientation) { return 1u << static_cast<objc::UInt>(orientation); }
-constexpr objc::UInt allButUpsideDown = bit(UIInterfaceOrientation::Portrait) |
-                                        bit(UIInterfaceOrientation::LandscapeLeft) |
-                                        bit(UIInterfaceOrientation::LandscapeRight);
-constexpr objc::UInt allOrientations = allButUpsideDown | bit(UIInterfaceOrientation::PortraitUpsideDown);
-
-constexpr long tabletIdiom = 1;
 
 } // namespace
 
@@ -215,11 +208,11 @@ void ViewController::preparePresentation() { animateDismissal(); }
 
 void ViewController::animatePresentation() { _view.setFrame(restingFrame()); }
 
-/// Cover vertical: below the screen.
+/// Cover vertical: below the screen, as the view itself stands on it.
 void ViewController::animateDismissal() {
-    CGRect below = restingFrame();
-    below.origin.y += below.size.height;
-    _view.setFrame(below);
+    const CGPoint down = turned({0, _view.bounds().size.height}, View::of(_view)->quarters());
+    const CGRect resting = restingFrame();
+    _view.setFrame({{resting.origin.x + down.x, resting.origin.y + down.y}, resting.size});
 }
 
 // Coming and going
@@ -308,8 +301,16 @@ bool ViewController::shouldAutorotateToInterfaceOrientation(UIInterfaceOrientati
     return orientation == UIInterfaceOrientation::Portrait;
 }
 
+/// Those that the older question allows, so that the two never disagree.
 objc::UInt ViewController::supportedInterfaceOrientations() const {
-    return settings().device.idiom == tabletIdiom ? allOrientations : allButUpsideDown;
+    objc::UInt supported = 0;
+    for (const auto orientation : {UIInterfaceOrientation::Portrait, UIInterfaceOrientation::PortraitUpsideDown,
+                                   UIInterfaceOrientation::LandscapeRight, UIInterfaceOrientation::LandscapeLeft}) {
+        if (send<"shouldAutorotateToInterfaceOrientation:", bool>(orientation)) {
+            supported |= bit(orientation);
+        }
+    }
+    return supported;
 }
 
 UIInterfaceOrientation ViewController::interfaceOrientation() const {

@@ -1,5 +1,6 @@
 #include "phone/uikit/Window.h"
 
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/TouchDelivery.h"
 #include "platform/uikit/UIApplication.h"
 
@@ -49,6 +50,14 @@ std::vector<UIWindow> Window::all() {
     return windows;
 }
 
+UIWindow Window::front() {
+    const auto windows = all();
+    const auto found = std::find_if(windows.rbegin(), windows.rend(), [](const UIWindow& window) {
+        return window.windowLevel() == 0 && !window.isHidden() && window.rootViewController();
+    });
+    return found == windows.rend() ? UIWindow() : *found;
+}
+
 UIWindow Window::key() { return objc::borrow<UIWindow>(keyWindow); }
 
 void Window::setRootViewController(const UIViewController& controller) {
@@ -69,7 +78,10 @@ void Window::showRoot() {
         return;
     }
     const UIView view = _root.view();
-    view.setFrame(bounds());
+    if (front() == *this) {
+        Interface::shared().adopt(_root);
+    }
+    Interface::shared().fill(view, objc::borrow<UIWindow>(raw()));
     view.setAutoresizingMask(
         static_cast<UIViewAutoresizing>(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight));
     insertSubview(view, 0);

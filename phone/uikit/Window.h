@@ -29,6 +29,8 @@ public:
     static std::vector<UIWindow> all();
     /// The one that keys go to; nil while there is none.
     static UIWindow key();
+    /// The frontmost that is shown, stands at the application's own level and has a root; nil when there is none.
+    static UIWindow front();
 
     UIViewController rootViewController() const { return _root; }
     /// The controller's view fills the window, in place of the earlier controller's.

@@ -15,6 +15,12 @@ public:
         return objc::make<NSArray, "initWithContentsOfFile:">(path);
     }
 
+    /// Writes an XML property list. False when an element is no property list object or the file cannot be
+    /// written; the old file then stays.
+    bool writeToFile(const NSObject& path, bool atomically) const {
+        return send<"writeToFile:atomically:", bool>(path, atomically);
+    }
+
     objc::UInt count() const { return send<"count", objc::UInt>(); }
     /// Raises NSRangeException past the end; nil when this is nil.
     template <class T = NSObject>
@@ -50,6 +56,10 @@ class NSMutableArray : public NSArray {
 public:
     static constexpr auto objc_name = "NSMutableArray";
     using NSArray::NSArray;
+    /// As `NSArray::withContentsOfFile`.
+    static NSMutableArray withContentsOfFile(const NSObject& path) {
+        return objc::make<NSMutableArray, "initWithContentsOfFile:">(path);
+    }
 
     /// Raises NSInvalidArgumentException for nil.
     void add(const objc::Object& object) const { send<"addObject:">(object); }

@@ -11,6 +11,15 @@ public:
     static constexpr auto objc_name = "NSDate";
     using NSObject::NSObject;
     static NSDate now() { return objc::sendClass<NSDate, "date", NSDate>(); }
+    /// Seconds since the start of 2001, UTC.
+    static NSDate withSinceReferenceDate(NSTimeInterval seconds) {
+        return objc::sendClass<NSDate, "dateWithTimeIntervalSinceReferenceDate:", NSDate>(seconds);
+    }
+
+    /// Of seconds since the start of 2001, UTC.
+    static NSDate atReferenceDate(NSTimeInterval seconds) {
+        return objc::sendClass<NSDate, "dateWithTimeIntervalSinceReferenceDate:", NSDate>(seconds);
+    }
 
     /// Seconds since the start of 2001, UTC.
     NSTimeInterval sinceReferenceDate() const { return send<"timeIntervalSinceReferenceDate", NSTimeInterval>(); }

@@ -1,6 +1,7 @@
 /// NSString, as the platform documents it. Every call is safe on nil.
 #pragma once
 
+#include "platform/foundation/NSCharacterSet.h"
 #include "platform/foundation/NSObject.h"
 #include "platform/foundation/NSRange.h"
 
@@ -20,6 +21,9 @@ public:
     bool isEqualToString(const NSString& other) const { return send<"isEqualToString:", bool>(other); }
     bool boolValue() const { return send<"boolValue", bool>(); }
     NSRange rangeOfString(const NSString& part) const { return send<"rangeOfString:", NSRange>(part); }
+    NSRange rangeOfCharacterFromSet(const NSCharacterSet& set) const {
+        return send<"rangeOfCharacterFromSet:", NSRange>(set);
+    }
     NSString substringToIndex(objc::UInt end) const { return send<"substringToIndex:", NSString>(end); }
     NSString substringFromIndex(objc::UInt start) const { return send<"substringFromIndex:", NSString>(start); }
     NSString substringWithRange(NSRange range) const { return send<"substringWithRange:", NSString>(range); }

@@ -10,6 +10,7 @@ public:
     static constexpr auto objc_name = "UITextView";
     using UIScrollView::UIScrollView;
     static UITextView make() { return objc::make<UITextView>(); }
+    static UITextView withFrame(CGRect frame) { return objc::make<UITextView, "initWithFrame:">(frame); }
 
     /// "" while there is none; nil only for a nil view.
     NSString text() const { return send<"text", NSString>(); }

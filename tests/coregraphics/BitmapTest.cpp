@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -78,6 +79,12 @@ TEST_F(Loading, WritesTheSamePictureAsTheSameBytes) {
 TEST_F(Loading, GivesNothingForAMissingFile) { EXPECT_EQ(Bitmap::load(path("missing.png")), nullptr); }
 
 TEST_F(Loading, GivesNothingForAFolder) { EXPECT_EQ(Bitmap::load(path("")), nullptr); }
+
+TEST_F(Loading, GivesNothingForAPipe) {
+    ASSERT_EQ(mkfifo(path("pipe.png").c_str(), 0644), 0);
+
+    EXPECT_EQ(Bitmap::load(path("pipe.png")), nullptr);
+}
 
 TEST_F(Loading, GivesNothingForAnEmptyFile) { EXPECT_EQ(Bitmap::load(write("empty.png", "")), nullptr); }
 

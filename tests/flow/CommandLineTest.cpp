@@ -53,6 +53,7 @@ TEST_F(CommandLineTest, RefusesWhatItDoesNotKnowInOneLine) {
     EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1);
 }
 
+// Holds: notes-file
 TEST_F(CommandLineTest, MakesAPhoneWithTheLibraryAndItsStores) {
     EXPECT_EQ(phone("new --root " + root()), 0);
 

@@ -75,12 +75,13 @@ TEST(Flow, ReadsEveryCommand) {
                             "- setPreferences: {SwitchCell1: true, SwitchCell2: null}\n- takeScreenshot: a/b\n"
                             "- dumpTree: t\n- dumpLog: l\n"
                             "- runFlow: {when: {visible: Done}, commands: [launchApp]}\n"
-                            "- repeat: {times: 2, while: {notVisible: Done}, commands: [{tapOn: More}]}\n";
+                            "- repeat: {times: 2, while: {notVisible: Done}, commands: [{tapOn: More}]}\n"
+                            "- toggle: All-day\n- pickDate: 2026-05-16T09:00\n";
     const TemporaryFolder folder;
 
     const Flow flow = Flow::read(folder.write("flow.yaml", all));
 
-    ASSERT_EQ(flow.commands.size(), 27u);
+    ASSERT_EQ(flow.commands.size(), 29u);
     EXPECT_EQ(as<commands::PhoneCall>(flow.commands[2]).number, "5551234");
     EXPECT_EQ(as<commands::Tap>(flow.commands[5]).selector.index, 1);
     EXPECT_TRUE(as<commands::Tap>(flow.commands[6]).selector.point->x.perCent);
@@ -89,6 +90,8 @@ TEST(Flow, ReadsEveryCommand) {
     EXPECT_EQ(as<commands::EraseText>(flow.commands[10]).count, 3);
     EXPECT_EQ(as<commands::RunFlow>(flow.commands[25]).commands.size(), 1u);
     EXPECT_FALSE(as<commands::Repeat>(flow.commands[26]).loop->visible);
+    EXPECT_TRUE(as<commands::Toggle>(flow.commands[27]).selector.text->matches("All-day"));
+    EXPECT_EQ(as<commands::PickDate>(flow.commands[28]).localTime, "2026-05-16T09:00");
 }
 
 TEST(Flow, TellsPreferencesByTheirKind) {
@@ -141,7 +144,7 @@ TEST(Flow, RefusesAFlowThatRunsItself) {
 TEST(Flow, RefusesAnUnknownCommandWithItsPlace) {
     EXPECT_THAT(complaint("name: x\n---\n- launchApp\n- tapon: Note\n"),
                 HasSubstr("flow.yaml:4: command 2: unknown command `tapon`"));
-    EXPECT_THAT(complaint("- toggle: Switch\n"), HasSubstr("unknown command `toggle`"));
+    EXPECT_THAT(complaint("- flick: Switch\n"), HasSubstr("unknown command `flick`"));
 }
 
 TEST(Flow, RefusesUnknownAndRepeatedKeys) {
@@ -171,6 +174,9 @@ TEST(Flow, RefusesValuesOfTheWrongKind) {
     EXPECT_THAT(complaint("- phoneCall: {number: 1, action: ring}\n"), HasSubstr("is not one of call, accept"));
     EXPECT_THAT(complaint("- setOrientation: LEFT\n"), HasSubstr("is not one of PORTRAIT"));
     EXPECT_THAT(complaint("- setClock: 2026-02-30T10:00\n"), HasSubstr("is no local time"));
+    EXPECT_THAT(complaint("- pickDate: 2026-02-30T10:00\n"), HasSubstr("is no local time of a whole minute"));
+    EXPECT_THAT(complaint("- pickDate: 2026-05-16T09:00:30\n"), HasSubstr("is no local time of a whole minute"));
+    EXPECT_THAT(complaint("- toggle: {point: \"1,2\"}\n"), HasSubstr("point"));
     EXPECT_THAT(complaint("- tapOn: {point: \"120%,4\"}\n"), HasSubstr("is no point"));
     EXPECT_THAT(complaint("- tapOn: {index: 1}\n"), HasSubstr("needs `text` or `id`"));
     EXPECT_THAT(complaint("- tapOn: \"(\"\n"), HasSubstr("is no regular expression"));

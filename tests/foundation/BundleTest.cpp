@@ -20,6 +20,7 @@ protected:
     }
 };
 
+// Holds: bundle-of-a-path
 TEST_F(BundleTest, APathThatIsMissingOrAFileGivesNil) {
     put("/Library/Quorvan/file", "x");
 
@@ -28,6 +29,7 @@ TEST_F(BundleTest, APathThatIsMissingOrAFileGivesNil) {
     EXPECT_FALSE(NSBundle::withPath(nullptr));
 }
 
+// Holds: bundle-of-a-path
 TEST_F(BundleTest, AFolderWithoutInformationIsABundle) {
     std::filesystem::create_directories(host(path));
 
@@ -59,6 +61,7 @@ TEST_F(BundleTest, TheTableMayBeAPropertyList) {
     EXPECT_EQ(word("Note"), "word");
 }
 
+// Holds: bundle-unknown-key
 TEST_F(BundleTest, AnUnknownKeyGivesTheValueOrElseTheKey) {
     table("en", "\"Note\" = \"word\";");
 
@@ -69,6 +72,7 @@ TEST_F(BundleTest, AnUnknownKeyGivesTheValueOrElseTheKey) {
     EXPECT_EQ(text(bundle().localizedString(nullptr, nullptr, nullptr)), "");
 }
 
+// Holds: bundle-unknown-key
 TEST_F(BundleTest, ANamedTableIsAFileOfItsOwn) {
     put(std::string(path) + "en.lproj/Other.strings", "\"Note\" = \"other\";");
     table("en", "\"Note\" = \"word\";");
@@ -77,6 +81,7 @@ TEST_F(BundleTest, ANamedTableIsAFileOfItsOwn) {
     EXPECT_EQ(text(bundle().localizedString("Note"_ns, nullptr, ""_ns)), "word");
 }
 
+// Holds: bundle-corrupt-table
 TEST_F(BundleTest, AMissingOrCorruptTableGivesKeysWithoutAWord) {
     std::filesystem::create_directories(host(path));
     testing::internal::CaptureStderr();
@@ -89,6 +94,7 @@ TEST_F(BundleTest, AMissingOrCorruptTableGivesKeysWithoutAWord) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+// Holds: bundle-unknown-key
 TEST_F(BundleTest, TablesAreReadOnce) {
     table("en", "\"Note\" = \"first\";");
     word("Note");

@@ -78,6 +78,7 @@ TEST_F(PropertyListTest, NumbersDatesAndDataHaveTheirElements) {
         << xmlPropertyList(all);
 }
 
+// Holds: property-list-refused-whole
 TEST_F(PropertyListTest, WhatIsNoPropertyListIsRefusedAndTheOldFileStays) {
     dictionary("Title", "old"_ns).writeToFile(string(path), true);
     const std::string before = bytes(path);

@@ -42,6 +42,7 @@ protected:
     static bool save(const NoteContext& context) { return context.send<"saveOutsideApp:", bool>(nullptr); }
 };
 
+// Holds: notes-context, notes-stores-by-position
 TEST_F(NoteContextTest, StoresComeInTheDatabasesOrderWithTheirAccounts) {
     const auto stores = NoteContext::make().allStores();
 
@@ -50,6 +51,7 @@ TEST_F(NoteContextTest, StoresComeInTheDatabasesOrderWithTheirAccounts) {
     EXPECT_EQ(text(stores.at<NoteStoreObject>(1).account().name()), "Mail");
 }
 
+// Holds: notes-context
 TEST_F(NoteContextTest, TheDefaultStoreIsTheAccountsThatHasOne) {
     EXPECT_EQ(text(NoteContext::make().defaultStoreForNewNote().account().name()), "LOCAL_NOTES_ACCOUNT");
 
@@ -58,6 +60,7 @@ TEST_F(NoteContextTest, TheDefaultStoreIsTheAccountsThatHasOne) {
     EXPECT_FALSE(NoteContext::make().defaultStoreForNewNote());
 }
 
+// Holds: notes-attributes, notes-insertion, notes-dates
 TEST_F(NoteContextTest, ASavedNoteStandsInTheDatabase) {
     const auto context = NoteContext::make();
     insert(context, "milk\neggs"_ns);
@@ -110,6 +113,7 @@ TEST_F(NoteContextTest, ANoteWithoutABodyCannotBeSaved) {
     EXPECT_FALSE(save(context));
 }
 
+// Holds: notes-context
 TEST_F(NoteContextTest, NumbersAreObjectsAndNeverTheSame) {
     const auto context = NoteContext::make();
     const NSNumber first = context.nextIndex();
@@ -130,6 +134,7 @@ TEST_F(NoteContextTest, NumbersAreObjectsAndNeverTheSame) {
     EXPECT_EQ(numbers.size(), 3u);
 }
 
+// Holds: notes-attributes
 TEST_F(NoteContextTest, TheRelationOfNoteAndBodyHasTwoSides) {
     const auto managed = NoteContext::make().managedObjectContext();
     const auto note = NSEntityDescription::insertNew<NoteObject>("Note"_ns, managed);
@@ -142,6 +147,7 @@ TEST_F(NoteContextTest, TheRelationOfNoteAndBodyHasTwoSides) {
     EXPECT_FALSE((body.send<"owner", NSObject>()));
 }
 
+// Holds: notes-attributes
 TEST_F(NoteContextTest, ANotesContentIsItsBodys) {
     const auto note = insert(NoteContext::make(), "old"_ns);
 
@@ -151,6 +157,7 @@ TEST_F(NoteContextTest, ANotesContentIsItsBodys) {
     EXPECT_EQ(text(note.send<"body", NSObject>().send<"content", NSString>()), "new");
 }
 
+// Holds: notes-stores-by-position
 TEST_F(NoteContextTest, AMissingOrCorruptDatabaseHasNoStoresAndSavesNothing) {
     for (const bool corrupt : {false, true}) {
         std::filesystem::remove(path());
@@ -185,6 +192,7 @@ TEST_F(NoteContextTest, AnUnknownEntityOrANilContextRaises) {
     EXPECT_EQ(raised("Note"_ns, nullptr), "NSInvalidArgumentException");
 }
 
+// Holds: notes-insertion
 TEST_F(NoteContextTest, EveryMessageIsLoggedInOrderWithItsArguments) {
     const auto context = NoteContext::make();
     context.enableChangeLogging(true);
@@ -235,6 +243,13 @@ TEST_F(NoteContextTest, NothingStaysAliveAfterItsContext) {
 
     for (objc::PeerClass* peer = objc::peerClasses(); peer != nullptr; peer = peer->next) {
         EXPECT_EQ(peer->live, 0) << peer->name;
+    }
+}
+
+// Holds: notes-classes
+TEST_F(NoteContextTest, TheClassesAreFoundByTheirNames) {
+    for (const char* name : {"NoteContext", "NoteObject", "NoteBodyObject", "NoteStoreObject", "NoteAccountObject"}) {
+        EXPECT_NE(objc_getClass(name), nullptr) << name;
     }
 }
 

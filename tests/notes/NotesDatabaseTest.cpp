@@ -68,6 +68,7 @@ TEST_F(NotesDatabaseTest, StoresComeInTheOrderGivenWithTheirAccounts) {
     EXPECT_FALSE(stores[1].isDefault);
 }
 
+// Holds: notes-entities, notes-tables
 TEST_F(NotesDatabaseTest, TheTablesAndIndicesAreTheDevices) {
     create();
 
@@ -100,6 +101,7 @@ TEST_F(NotesDatabaseTest, ANoteReadsBackAsItWasWritten) {
     EXPECT_EQ(notes[0].modified, 794414233);
 }
 
+// Holds: notes-columns, notes-local-row
 TEST_F(NotesDatabaseTest, ANoteHasTheColumnsOfALocalOne) {
     create();
     NotesDatabase(path()).insert({note(1, "日本")});
@@ -113,6 +115,7 @@ TEST_F(NotesDatabaseTest, ANoteHasTheColumnsOfALocalOne) {
     EXPECT_EQ(values("SELECT Z_MAX FROM Z_PRIMARYKEY WHERE Z_NAME = 'Note'"), std::vector<std::string>{"1"});
 }
 
+// Holds: notes-without-a-summary
 TEST_F(NotesDatabaseTest, WhatIsMissingIsNull) {
     create();
     NoteRow row;
@@ -126,6 +129,7 @@ TEST_F(NotesDatabaseTest, WhatIsMissingIsNull) {
     EXPECT_FALSE(notes[0].title || notes[0].summary || notes[0].body || notes[0].created || notes[0].modified);
 }
 
+// Holds: notes-local-row
 TEST_F(NotesDatabaseTest, TheCounterFollowsTheNumbersOfWhatIsSaved) {
     create();
     EXPECT_EQ(NotesDatabase(path()).lastIndex(), 0);

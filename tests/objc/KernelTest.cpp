@@ -211,6 +211,7 @@ TEST_F(Kernel, ABlockLiteralIsAnArgument) {
     EXPECT_EQ(answer, 42);
 }
 
+// Holds: encodings-by-word-size
 TEST_F(Kernel, EncodingsComeFromTheSignature) {
     EXPECT_STREQ((objc::methodEncoding<void>().text), "v@:");
     EXPECT_STREQ((objc::methodEncoding<bool, const NSString&, NSRange>().text), "C@:@{_NSRange=QQ}");

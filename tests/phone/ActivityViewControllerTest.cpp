@@ -113,6 +113,7 @@ protected:
     UIActivityViewController sheet;
 };
 
+// Holds: system-activities-first
 TEST_F(ActivityViewController, ShowsTheActivitiesInTheirOrder) {
     boot();
     open(NSArray::of(Deed::with("One"), Deed::with("Two"), Deed::with("Three")));
@@ -123,6 +124,7 @@ TEST_F(ActivityViewController, ShowsTheActivitiesInTheirOrder) {
     EXPECT_EQ(top("One"), top("Copy"));
 }
 
+// Holds: activity-rows
 TEST_F(ActivityViewController, ShowsTheServicesThatShareAboveTheOthers) {
     boot();
     open(NSArray::of(Deed::with("One")));
@@ -132,6 +134,7 @@ TEST_F(ActivityViewController, ShowsTheServicesThatShareAboveTheOthers) {
     EXPECT_LT(left("Message"), left("Mail"));
 }
 
+// Holds: services-for-a-text
 TEST_F(ActivityViewController, OffersTheSystemsServicesForAText) {
     open(nullptr);
 
@@ -193,6 +196,7 @@ TEST_F(ActivityViewController, TellsNobodyBeneath) {
     EXPECT_EQ(takeProbed(), Lines{"handler nil no"});
 }
 
+// Holds: activity-prepares-first
 TEST_F(ActivityViewController, PreparesAndThenPresentsTheActivitysController) {
     boot();
     const auto deed = Deed::with("One");
@@ -206,6 +210,7 @@ TEST_F(ActivityViewController, PreparesAndThenPresentsTheActivitysController) {
                      "screen willAppear", "screen didAppear", "lower didDisappear"}));
 }
 
+// Holds: activity-performs-without-a-controller, sheet-waits-for-the-end
 TEST_F(ActivityViewController, PerformsAnActivityWithoutAController) {
     boot();
     open(NSArray::of(Deed::with("One")));
@@ -216,6 +221,7 @@ TEST_F(ActivityViewController, PerformsAnActivityWithoutAController) {
     EXPECT_EQ(lower.presentedViewController(), sheet); // it stays until the activity has finished
 }
 
+// Holds: sheet-goes-with-the-controller, sheet-handler
 TEST_F(ActivityViewController, GoesWithTheActivitysControllerWhenThatHasFinished) {
     boot();
     const auto deed = Deed::with("One");
@@ -266,6 +272,7 @@ TEST_F(ActivityViewController, WaitsForATransitionBeforeItGoes) {
     EXPECT_FALSE(lower.presentedViewController());
 }
 
+// Holds: activity-ends-off-main
 TEST_F(ActivityViewController, TakesAnEndFromAnotherThread) {
     boot();
     const auto deed = Deed::with("One");
@@ -282,6 +289,7 @@ TEST_F(ActivityViewController, TakesAnEndFromAnotherThread) {
     EXPECT_EQ(takeProbed(), Lines{"handler deed.One yes"});
 }
 
+// Holds: sheet-handler
 TEST_F(ActivityViewController, IsCancelledByATouchBesideIt) {
     boot();
     open(NSArray::of(Deed::with("One")));
@@ -377,4 +385,27 @@ TEST_F(ActivityViewController, GivesItsActivitiesUpWhenItGoes) {
     run([&] { objc::as<UIActivity>(deed).activityDidFinish(true); }); // reaches nobody
 
     EXPECT_FALSE(lower.presentedViewController());
+}
+
+// Holds: sheet-asks-what-can-be-performed
+TEST_F(ActivityViewController, AsksItsActivitiesOnlyWhetherTheyCanWhileItOpens) {
+    boot();
+    const auto deed = Deed::with("One");
+
+    open(NSArray::of(deed));
+
+    EXPECT_GE(deed->asked, 1);
+    EXPECT_EQ(takeProbed(), Lines{});
+}
+
+// Holds: sheet-answers-both-rotation-questions
+TEST_F(ActivityViewController, AnswersBothQuestionsOfRotationItself) {
+    boot();
+    auto answersItself = [](SEL selector) {
+        return class_getMethodImplementation(objc::classOf<UIActivityViewController>(), selector) !=
+               class_getMethodImplementation(objc::classOf<UIViewController>(), selector);
+    };
+
+    EXPECT_TRUE(answersItself(objc::selector<"shouldAutorotateToInterfaceOrientation:">()));
+    EXPECT_TRUE(answersItself(objc::selector<"supportedInterfaceOrientations">()));
 }

@@ -106,6 +106,7 @@ TEST_F(Animation, CompletesWhenItsTimeHasPassed) {
     EXPECT_TRUE(finished);
 }
 
+// Holds: completion-never-inline
 TEST_F(Animation, CompletesInTheNextCycleWhenItsDurationIsZero) {
     fade(0, 0, 0);
 
@@ -149,6 +150,7 @@ TEST_F(Animation, CompletesUnfinishedWhenItsViewLeaves) {
     EXPECT_FALSE(finished);
 }
 
+// Holds: animating-views-take-no-touch
 TEST_F(Animation, KeepsTouchesOffItsViewsItsDelayIncluded) {
     run([&] {
         UIView moved = view;
@@ -165,6 +167,7 @@ TEST_F(Animation, KeepsTouchesOffItsViewsItsDelayIncluded) {
     EXPECT_EQ(root.hitTest({70, 70}, nullptr), view);
 }
 
+// Holds: animating-views-take-no-touch
 TEST_F(Animation, LetsTouchesThroughWhenAllowedTo) {
     run([&] {
         UIView moved = view;
@@ -189,6 +192,7 @@ TEST_F(Animation, OfTheOlderKindLetsTouchesThrough) {
     EXPECT_EQ(root.hitTest({70, 70}, nullptr), view);
 }
 
+// Holds: older-animation-settings
 TEST_F(Animation, OfTheOlderKindTakesItsSettingsFromInsideItsBlock) {
     run([&] {
         UIView::setAnimationDuration(9);
@@ -208,6 +212,7 @@ TEST_F(Animation, OfTheOlderKindTakesItsSettingsFromInsideItsBlock) {
     EXPECT_EQ(entries[0].at("view"), "UIView");
 }
 
+// Holds: older-animation-settings
 TEST_F(Animation, OfTheOlderKindLastsAFifthOfASecondUnlessToldOtherwise) {
     run([&] {
         UIView::beginAnimations(nullptr);
@@ -222,6 +227,7 @@ TEST_F(Animation, OfTheOlderKindLastsAFifthOfASecondUnlessToldOtherwise) {
     EXPECT_EQ(entries[0].at("curve"), 0);
 }
 
+// Holds: older-animation-settings
 TEST_F(Animation, OfTheOlderKindTellsItsDelegate) {
     const auto delegate = objc::Ref<Delegate>::make();
     run([&] {
@@ -240,6 +246,7 @@ TEST_F(Animation, OfTheOlderKindTellsItsDelegate) {
     EXPECT_TRUE(delegate->finished);
 }
 
+// Holds: older-animation-settings
 TEST_F(Animation, StartsInnerAnimationsWhenTheOutermostIsCommitted) {
     run([&] {
         UIView::beginAnimations("outer"_ns);
@@ -274,6 +281,7 @@ TEST_F(Animation, OfABlockInsideABlockTakesOverTheOuterDuration) {
     EXPECT_EQ(log("animation")[0].at("duration"), 0.7);
 }
 
+// Holds: option-one-is-no-curve
 TEST_F(Animation, ReadsItsCurveFromTheHigherOptionBits) {
     fade(0.3, 0, 1);
     EXPECT_EQ(log("animation").back().at("curve"), 0); // option 1 lays out subviews
@@ -318,6 +326,44 @@ TEST_F(Animation, MovesItsEndWhenTheValueIsSetOutside) {
     advance(0.5);
 
     EXPECT_NEAR(shownAlpha(), 0.75, 1e-6);
+}
+
+// Holds: animation-numbers
+TEST_F(Animation, HasThePlatformsNumbers) {
+    EXPECT_EQ(static_cast<int>(UIViewAnimationCurve::EaseInOut), 0);
+    EXPECT_EQ(static_cast<int>(UIViewAnimationCurve::EaseIn), 1);
+    EXPECT_EQ(static_cast<int>(UIViewAnimationCurve::EaseOut), 2);
+    EXPECT_EQ(static_cast<int>(UIViewAnimationCurve::Linear), 3);
+    EXPECT_EQ(UIViewAnimationOptionLayoutSubviews, 1U);
+    EXPECT_EQ(UIViewAnimationOptionAllowUserInteraction, 2U);
+    EXPECT_EQ(UIViewAnimationOptionBeginFromCurrentState, 4U);
+    for (const objc::UInt curve : {0, 1, 2, 3}) {
+        run([&] {
+            UIView faded = view;
+            UIView::animate(
+                0.3, 0, curve << 16,
+                ^{
+                  faded.setAlpha(faded.alpha() / 2);
+                },
+                nullptr);
+        });
+        EXPECT_EQ(log("animation").back().at("curve"), curve);
+    }
+}
+
+// Holds: older-animation-settings
+TEST_F(Animation, OfTheOlderKindTellsNobodyOfItsEndWithoutADelegate) {
+    const auto delegate = objc::Ref<Delegate>::make();
+
+    run([&] {
+        UIView::beginAnimations("theBox"_ns);
+        objc::sendClass<UIView, "setAnimationDidStopSelector:">(objc::selector<"animationDidStop:finished:context:">());
+        view.setAlpha(0);
+        UIView::commitAnimations();
+    });
+    settle();
+
+    EXPECT_EQ(delegate->stops, 0);
 }
 
 } // namespace

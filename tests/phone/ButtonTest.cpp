@@ -22,6 +22,7 @@ protected:
     UIButton button;
 };
 
+// Holds: button-falls-back-to-normal
 TEST_F(Button, ShowsTheNormalTitleForStatesWithoutOneOfTheirOwn) {
     button.setTitle("Go"_ns, UIControlStateNormal);
     button.setTitle("Gone"_ns, UIControlStateDisabled);
@@ -34,6 +35,19 @@ TEST_F(Button, ShowsTheNormalTitleForStatesWithoutOneOfTheirOwn) {
     EXPECT_EQ(phone::text(button.currentTitle()), "Gone");
 }
 
+// Holds: button-falls-back-to-normal
+TEST_F(Button, ShowsTheNormalPicturesForStatesWithoutOnesOfTheirOwn) {
+    const auto picture = UIImage::withContentsOfFile("/Library/Quorvan/back.png"_ns);
+    ASSERT_TRUE(picture);
+
+    button.setImage(picture, UIControlStateNormal);
+    button.setBackgroundImage(picture, UIControlStateNormal);
+
+    EXPECT_EQ(button.imageForState(UIControlStateHighlighted), picture);
+    EXPECT_EQ(button.backgroundImageForState(UIControlStateSelected), picture);
+}
+
+// Holds: button-custom
 TEST_F(Button, OfTheCustomTypeIsClearWithAWhiteTitle) {
     EXPECT_FALSE(button.backgroundColor());
     EXPECT_TRUE(button.titleColorForState(UIControlStateNormal).isEqual(UIColor::white()));

@@ -145,6 +145,7 @@ TEST_F(Control, TellsThatATouchWasTakenAway) {
     EXPECT_FALSE(control.isHighlighted());
 }
 
+// Holds: control-states
 TEST_F(Control, HasItsStatesAsASetOfBits) {
     control.setSelected(true);
     control.setEnabled(false);
@@ -157,6 +158,24 @@ TEST_F(Control, SendsActionsThatCodeAsksFor) {
     control.sendActions(UIControlEventTouchDown);
 
     EXPECT_EQ(target->entries, Entries{"down"});
+}
+
+// Holds: control-event-numbers
+TEST_F(Control, NumbersItsEventsAsThePlatformDoes) {
+    EXPECT_EQ(UIControlEventTouchDown, 1U);
+    EXPECT_EQ(UIControlEventTouchDownRepeat, 2U);
+    EXPECT_EQ(UIControlEventTouchDragInside, 4U);
+    EXPECT_EQ(UIControlEventTouchDragOutside, 8U);
+    EXPECT_EQ(UIControlEventTouchDragEnter, 16U);
+    EXPECT_EQ(UIControlEventTouchDragExit, 32U);
+    EXPECT_EQ(UIControlEventTouchUpInside, 64U);
+    EXPECT_EQ(UIControlEventTouchUpOutside, 128U);
+    EXPECT_EQ(UIControlEventTouchCancel, 256U);
+    EXPECT_EQ(UIControlEventValueChanged, 4096U);
+    EXPECT_EQ(UIControlEventEditingDidBegin, 65536U);
+    EXPECT_EQ(UIControlEventEditingChanged, 131072U);
+    EXPECT_EQ(UIControlEventEditingDidEnd, 262144U);
+    EXPECT_EQ(UIControlEventEditingDidEndOnExit, 524288U);
 }
 
 } // namespace

@@ -32,6 +32,7 @@ TEST_F(HitTesting, AsksTheFrontmostViewFirst) {
     EXPECT_EQ(hit(300, 300), root);
 }
 
+// Holds: hit-skips-what-takes-no-touch
 TEST_F(HitTesting, SkipsHiddenViewsWithWhatIsInside) {
     front.addSubview(UIView::withFrame({0, 0, 100, 100}));
 
@@ -41,6 +42,7 @@ TEST_F(HitTesting, SkipsHiddenViewsWithWhatIsInside) {
     EXPECT_FALSE(front.subviews().at<UIView>(0).isHidden());
 }
 
+// Holds: hit-skips-what-takes-no-touch
 TEST_F(HitTesting, SkipsViewsThatTakeNoInteraction) {
     front.addSubview(UIView::withFrame({0, 0, 100, 100}));
 
@@ -49,6 +51,7 @@ TEST_F(HitTesting, SkipsViewsThatTakeNoInteraction) {
     EXPECT_EQ(hit(60, 60), back);
 }
 
+// Holds: hit-skips-what-takes-no-touch
 TEST_F(HitTesting, SkipsAnAlphaOfOneHundredth) {
     front.setAlpha(0.01);
     EXPECT_EQ(hit(60, 60), back);
@@ -57,6 +60,7 @@ TEST_F(HitTesting, SkipsAnAlphaOfOneHundredth) {
     EXPECT_EQ(hit(60, 60), front);
 }
 
+// Holds: clear-views-take-touches
 TEST_F(HitTesting, TakesTouchesWithoutAnyBackground) {
     front.setBackgroundColor(UIColor::clear());
     EXPECT_EQ(hit(60, 60), front);
@@ -65,6 +69,7 @@ TEST_F(HitTesting, TakesTouchesWithoutAnyBackground) {
     EXPECT_EQ(hit(60, 60), front);
 }
 
+// Holds: outside-the-parent-no-touch
 TEST_F(HitTesting, NeverReachesWhatSticksOutOfItsParent) {
     const auto sticksOut = UIView::withFrame({80, 0, 100, 100});
     front.addSubview(sticksOut);

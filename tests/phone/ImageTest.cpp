@@ -5,6 +5,7 @@
 #include "phone/uikit/Color.h"
 #include "phone/uikit/Register.h"
 #include "platform/objc/Pool.h"
+#include "tests/phone/PhoneTest.h"
 
 #include <gtest/gtest.h>
 
@@ -206,6 +207,39 @@ TEST_F(Images, DrawThemselvesIntoTheCurrentContext) {
     EXPECT_EQ(canvas->pixel(2, 2), 0U);
     EXPECT_EQ(canvas->pixel(3, 3), opaqueRed);
     EXPECT_EQ(canvas->pixel(7, 7), 0U);
+}
+
+class ImagesOnTheDevice : public PhoneTest {
+protected:
+    ImagesOnTheDevice() { useClassesOnly(); }
+
+    void draw(const std::string& devicePath) {
+        const auto canvas = Canvas::make(4, 4, 1);
+        ASSERT_TRUE(canvas->writePng(hostPath(devicePath).string()));
+    }
+    /// What the log says of one loading.
+    std::string entryOf(const NSString& path) {
+        const std::size_t before = log("file").size();
+        UIImage::withContentsOfFile(path);
+        const auto entries = log("file");
+        return entries.size() == before + 1
+                   ? entries.back().at("path").get<std::string>() + (entries.back().at("ok") ? " ok" : " failed")
+                   : std::to_string(entries.size() - before) + " entries";
+    }
+};
+
+TEST_F(ImagesOnTheDevice, LeaveOneEntryInTheLogForEachLoading) {
+    boot();
+    draw("/Library/plain.png");
+    draw("/Library/both.png");
+    draw("/Library/both@2x.png");
+    write("/Library/text.png", "no picture");
+
+    EXPECT_EQ(entryOf("/Library/plain.png"_ns), "/Library/plain.png ok");
+    EXPECT_EQ(entryOf("/Library/both.png"_ns), "/Library/both.png ok");
+    EXPECT_EQ(entryOf("/Library/text.png"_ns), "/Library/text.png failed");
+    EXPECT_EQ(entryOf("/Library/missing.png"_ns), "/Library/missing.png failed");
+    EXPECT_EQ(entryOf(nullptr), "0 entries");
 }
 
 } // namespace

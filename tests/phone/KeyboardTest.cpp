@@ -34,6 +34,7 @@ protected:
     objc::Ref<EditingRecorder> recorder;
 };
 
+// Holds: keyboard-heights
 TEST_F(Keyboard, StandsAtTheBottom216PointsHigh) {
     start();
     focus();
@@ -49,6 +50,7 @@ TEST_F(Keyboard, StandsAtTheBottomOfTheSmallerScreenToo) {
     EXPECT_EQ(attribute(findClass("UIKeyboardView"), "screen"), "0 264 320 216");
 }
 
+// Holds: keyboard-heights
 TEST_F(Keyboard, IsAsHighAsEachDeviceHasIt) {
     EXPECT_EQ(phone::Keyboard::height(false, false), 216);
     EXPECT_EQ(phone::Keyboard::height(false, true), 162);
@@ -231,6 +233,18 @@ TEST_F(Keyboard, ComesBackWhenItIsCalledWhileItLeaves) {
 
     EXPECT_EQ(recorder->take(), (Entries{"WillHide", "WillShow", "DidShow"}));
     EXPECT_EQ(attribute(findClass("UITextEffectsWindow"), "hidden"), "false");
+}
+
+// Holds: return-key-numbers
+TEST_F(Keyboard, NumbersItsReturnKeysAsThePlatformDoes) {
+    start();
+    const char* const names[] = {"default", "go",   "google", "join", "next",         "route",
+                                 "search",  "send", "yahoo",  "done", "emergencycall"};
+
+    for (objc::Int number = 0; number <= 10; ++number) {
+        field.setReturnKeyType(static_cast<UIReturnKeyType>(number));
+        EXPECT_EQ(attribute(findClass("UITextField"), "returnKey"), names[number]);
+    }
 }
 
 } // namespace

@@ -59,6 +59,7 @@ TEST_F(NavigationBar, HasNoTopItemWhileItIsEmpty) {
     EXPECT_FALSE(isVisible("Note"));
 }
 
+// Holds: bar-items-bottom-first
 TEST_F(NavigationBar, ShowsTheLastOfItsItems) {
     show();
     const auto under = UINavigationItem::withTitle("Under"_ns);
@@ -140,6 +141,7 @@ TEST_F(NavigationBar, DisablesTheButtonOfADisabledItem) {
     EXPECT_EQ(receiver->count, 0);
 }
 
+// Holds: bar-custom-view
 TEST_F(NavigationBar, ShowsACustomViewAtItsOwnSize) {
     show();
     const auto custom = UIView::withFrame({50, 50, 61, 23});
@@ -153,6 +155,7 @@ TEST_F(NavigationBar, ShowsACustomViewAtItsOwnSize) {
     EXPECT_EQ(custom.superview(), bar);
 }
 
+// Holds: bar-title-view
 TEST_F(NavigationBar, PrefersATitleViewToTheTitle) {
     show();
     const auto view = UIView::withFrame({0, 0, 40, 20});
@@ -166,6 +169,7 @@ TEST_F(NavigationBar, PrefersATitleViewToTheTitle) {
     EXPECT_EQ(view.frame(), CGRect(125, 12, 40, 20));
 }
 
+// Holds: bar-way-back
 TEST_F(NavigationBar, LeadsBackToTheItemBelow) {
     show();
     const auto under = UINavigationItem::withTitle("Under"_ns);
@@ -176,6 +180,7 @@ TEST_F(NavigationBar, LeadsBackToTheItemBelow) {
     EXPECT_EQ(bar.topItem(), under);
 }
 
+// Holds: bar-way-back
 TEST_F(NavigationBar, NamesTheWayBackInThePhonesLanguageWhereTheItemHasNoTitle) {
     useLanguage("de-DE");
     show();
@@ -185,6 +190,7 @@ TEST_F(NavigationBar, NamesTheWayBackInThePhonesLanguageWhereTheItemHasNoTitle) 
     EXPECT_TRUE(isVisible("Zurück"));
 }
 
+// Holds: bar-way-back
 TEST_F(NavigationBar, ShowsALeftItemInPlaceOfTheWayBack) {
     show();
 
@@ -195,4 +201,20 @@ TEST_F(NavigationBar, ShowsALeftItemInPlaceOfTheWayBack) {
 
     EXPECT_TRUE(isVisible("Cancel"));
     EXPECT_FALSE(isVisible("Under"));
+}
+
+// Holds: bar-custom-view
+TEST_F(NavigationBar, IgnoresTheActionOfAnItemWithAViewOfItsOwn) {
+    show();
+    const auto own = UIBarButtonItem::withCustomView(UIView::withFrame({0, 0, 61, 23}));
+    own.send<"setTarget:">(static_cast<const objc::Object&>(receiver));
+    own.send<"setAction:">(objc::selector<"press:">());
+    run([&] {
+        item.setLeftBarButtonItem(own);
+        bar.setItems(NSArray::of(item));
+    });
+
+    tap(30, 22);
+
+    EXPECT_EQ(receiver->count, 0);
 }

@@ -60,6 +60,7 @@ TEST_F(NavigationController, ShowsItsRoot) {
     EXPECT_EQ(controller.topViewController().navigationController(), controller);
 }
 
+// Holds: push-order
 TEST_F(NavigationController, PushesInThePlatformsOrder) {
     show();
 
@@ -69,6 +70,7 @@ TEST_F(NavigationController, PushesInThePlatformsOrder) {
                                    "root didDisappear", "next didAppear"}));
 }
 
+// Holds: pop-order
 TEST_F(NavigationController, PopsInThePlatformsOrder) {
     show();
     {
@@ -136,6 +138,7 @@ TEST_F(NavigationController, PopsToOneOfItsScreens) {
     EXPECT_TRUE(middle.view().window());
 }
 
+// Holds: pop-to-a-stranger
 TEST_F(NavigationController, RaisesWhenToldToPopToAStranger) {
     show();
 
@@ -144,6 +147,7 @@ TEST_F(NavigationController, RaisesWhenToldToPopToAStranger) {
     EXPECT_EQ(name, "NSInternalInconsistencyException");
 }
 
+// Holds: push-twice
 TEST_F(NavigationController, RaisesWhenTheSameScreenIsPushedTwice) {
     show();
 
@@ -203,6 +207,7 @@ TEST_F(NavigationController, ShowsTheLastOfSeveralPushes) {
     EXPECT_EQ(navigation.viewControllers().count(), 3u);
 }
 
+// Holds: transition-waits
 TEST_F(NavigationController, DoesAPopAfterThePushThatIsUnderWay) {
     show();
 

@@ -110,6 +110,16 @@ void PhoneTest::useApplication(const std::string& name) {
     _settings.application = phone::applicationNamed(name).value();
 }
 
+void PhoneTest::useReminders(phone::Access access, std::vector<phone::CalendarStore> lists) {
+    _reminderAccess = access;
+    _lists = std::move(lists);
+}
+
+void PhoneTest::useEvents(phone::Access access, std::vector<phone::CalendarStore> calendars) {
+    _eventAccess = access;
+    _calendars = std::move(calendars);
+}
+
 void PhoneTest::writePreferences(const nlohmann::json& values) {
     std::string list = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n";
     for (const auto& [key, value] : values.items()) {
@@ -124,6 +134,14 @@ phone::Session& PhoneTest::boot() {
         if (!fs::exists(notes)) {
             phone::NotesDatabase::create(notes.string(), _accounts);
         }
+        _settings.device.answersIdiom = !_withholdsIdiom;
+        const auto make = [&](phone::EntityType type, phone::Access access, const auto& calendars) {
+            if (calendarFolder(type).calendars().empty()) {
+                calendarFolder(type).create(access, calendars);
+            }
+        };
+        make(phone::EntityType::Reminder, _reminderAccess, _lists);
+        make(phone::EntityType::Event, _eventAccess, _calendars);
         _session = std::make_unique<phone::Session>(_settings, _start);
         _pool = std::make_unique<objc::Pool>();
     }
@@ -218,4 +236,8 @@ void PhoneTest::write(const std::string& devicePath, const std::string& content)
 
 std::vector<phone::NoteRow> PhoneTest::notes() const {
     return phone::NotesDatabase(hostPath(phone::NotesDatabase::devicePath).string()).notes();
+}
+
+std::vector<phone::ReminderRow> PhoneTest::reminders() const {
+    return calendarFolder(phone::EntityType::Reminder).reminders();
 }

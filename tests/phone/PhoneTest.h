@@ -3,6 +3,7 @@
 
 #include "phone/applications/Session.h"
 #include "phone/device/Log.h"
+#include "phone/eventkit/CalendarFolder.h"
 #include "phone/notes/NotesDatabase.h"
 #include "platform/objc/Pool.h"
 #include "platform/uikit/UIApplication.h"
@@ -26,8 +27,17 @@ public:
     // the device's own notes account (default) and one named "Mail".
     void useDevice(const std::string& name);
     void useApplication(const std::string& name);
+    /// The device, whichever, does not answer what kind it is.
+    void withholdIdiom() { _withholdsIdiom = true; }
     void useLanguage(const std::string& tag) { _settings.language = tag; }
+    void useZone(const std::string& name) { _settings.zone = name; }
     void useAccounts(std::vector<phone::NotesAccount> accounts) { _accounts = std::move(accounts); }
+    /// Default: to be asked, with the lists Tasks (the default), Shopping and Work.
+    void useReminders(phone::Access access, std::vector<phone::CalendarStore> lists);
+    void useReminders(phone::Access access) { _reminderAccess = access; }
+    /// Default: to be asked, with the calendars Home (the default), Work and Holidays (read-only).
+    void useEvents(phone::Access access, std::vector<phone::CalendarStore> calendars);
+    void useEvents(phone::Access access) { _eventAccess = access; }
     /// Boots with neither library nor application: for tests of the platform's classes alone.
     void useClassesOnly() { _start = phone::Start::Classes; }
     /// Writes the preferences as the settings pane would: values are `true`, `false`, numbers or texts.
@@ -79,6 +89,9 @@ public:
     void write(const std::string& devicePath, const std::string& content);
     void remove(const std::string& devicePath) { std::filesystem::remove_all(hostPath(devicePath)); }
     std::vector<phone::NoteRow> notes() const;
+    phone::CalendarFolder calendarFolder(phone::EntityType type) const { return {_root.string(), type}; }
+    /// In the order of creation.
+    std::vector<phone::ReminderRow> reminders() const;
 
 protected:
     void TearDown() override;
@@ -87,8 +100,13 @@ private:
     bool isExpected(const std::string& what) const;
 
     phone::Settings _settings;
+    bool _withholdsIdiom = false;
     phone::Start _start = phone::Start::Everything;
     std::vector<phone::NotesAccount> _accounts;
+    phone::Access _reminderAccess = phone::Access::Ask;
+    std::vector<phone::CalendarStore> _lists = {{"Tasks", true}, {"Shopping"}, {"Work"}};
+    phone::Access _eventAccess = phone::Access::Ask;
+    std::vector<phone::CalendarStore> _calendars = {{"Home", true}, {"Work"}, {"Holidays", false, true}};
     std::filesystem::path _root;
     std::unique_ptr<objc::Pool> _pool;
     std::unique_ptr<phone::Session> _session;

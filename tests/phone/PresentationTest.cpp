@@ -40,6 +40,7 @@ protected:
     UIViewController lower;
 };
 
+// Holds: presentation-order
 TEST_F(Presentation, TellsBothControllersInTheirOrder) {
     show();
 
@@ -52,6 +53,7 @@ TEST_F(Presentation, TellsBothControllersInTheirOrder) {
               (Lines{"upper loadView", "upper viewDidLoad", "upper willAppear", "upper didAppear"}));
 }
 
+// Holds: presentation-order
 TEST_F(Presentation, TellsBothControllersWhenItEnds) {
     show();
     {
@@ -70,6 +72,7 @@ TEST_F(Presentation, TellsBothControllersWhenItEnds) {
     EXPECT_TRUE(lower.view().window());
 }
 
+// Holds: completion-after-callbacks
 TEST_F(Presentation, CompletesAfterTheControllerHasAppeared) {
     show();
 
@@ -86,6 +89,7 @@ TEST_F(Presentation, CompletesAfterTheControllerHasAppeared) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "completed"), 1);
 }
 
+// Holds: completion-after-callbacks
 TEST_F(Presentation, CompletesItsEndAfterTheControllerHasDisappeared) {
     show();
     const auto upper = Probe::with("upper");
@@ -116,6 +120,7 @@ TEST_F(Presentation, RisesFromTheBottomInFourTenthsOfASecond) {
     EXPECT_FALSE(lower.view().window());
 }
 
+// Holds: presentation-refused
 TEST_F(Presentation, DoesNothingWhileAnotherOneIsUnderWay) {
     show();
     const auto first = Probe::with("first");
@@ -138,6 +143,7 @@ TEST_F(Presentation, DoesNothingWhileAnotherOneIsUnderWay) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "completed"), 0);
 }
 
+// Holds: presentation-refused
 TEST_F(Presentation, DoesNothingOnAControllerInNoWindow) {
     boot();
     const auto alone = Probe::with("alone");
@@ -215,6 +221,7 @@ TEST_F(Presentation, PassesADismissalOnToThePresenter) {
     EXPECT_TRUE(lower.view().window());
 }
 
+// Holds: presenter-is-no-parent
 TEST_F(Presentation, LinksPresenterAndPresentedButIsNoParent) {
     show();
     const auto upper = UINavigationController::withRoot(Probe::with("root"));
@@ -228,6 +235,7 @@ TEST_F(Presentation, LinksPresenterAndPresentedButIsNoParent) {
     EXPECT_FALSE(upper.parentViewController());
 }
 
+// Holds: presentation-defaults
 TEST_F(Presentation, CoversTheFullScreenVerticallyByDefault) {
     boot();
     const auto controller = Probe::with("a");

@@ -39,6 +39,7 @@ objc::Ref<Touched> addTouched(const UIWindow& to, CGRect frame) {
     return made;
 }
 
+// Holds: crash-ends-the-application
 TEST_F(Session, EndsWithAnUncaughtPlatformException) {
     expectLogged("exception");
 

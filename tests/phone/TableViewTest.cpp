@@ -64,6 +64,26 @@ private:
     void didSelect(const UITableView&, const NSIndexPath& path) { add("didSelect", path); }
 };
 
+/// One section, "Section", of one row.
+class TitledRows : public objc::Defines<TitledRows, NSObject> {
+public:
+    static constexpr auto objc_name = "TableViewTestTitledRows";
+    static void define(objc::ClassTable<TitledRows>& c) {
+        c.def<"tableView:numberOfRowsInSection:", &TitledRows::numberOfRows>()
+            .def<"tableView:cellForRowAtIndexPath:", &TitledRows::cellForRow>()
+            .def<"tableView:titleForHeaderInSection:", &TitledRows::title>()
+            .def<"tableView:heightForHeaderInSection:", &TitledRows::height>();
+    }
+
+    CGFloat headerHeight = 28;
+
+private:
+    objc::Int numberOfRows(const UITableView&, objc::Int) { return 1; }
+    UITableViewCell cellForRow(const UITableView&, const NSIndexPath&) { return UITableViewCell::with(0, nullptr); }
+    NSString title(const UITableView&, objc::Int) { return "Section"_ns; }
+    CGFloat height(const UITableView&, objc::Int) { return headerHeight; }
+};
+
 class TableView : public PhoneTest {
 protected:
     void SetUp() override {
@@ -94,6 +114,7 @@ TEST_F(TableView, AsksForCellsInLayoutAlone) {
     EXPECT_EQ(rows->asked, (std::vector<objc::Int>{0, 1, 2}));
 }
 
+// Holds: table-cells-in-sight
 TEST_F(TableView, AsksForTheHeightOfEveryRowButForVisibleCellsAlone) {
     rows->count = 100;
     show();
@@ -103,6 +124,7 @@ TEST_F(TableView, AsksForTheHeightOfEveryRowButForVisibleCellsAlone) {
     EXPECT_EQ(table.contentSize().height, 4400);
 }
 
+// Holds: table-knows-cells-in-sight
 TEST_F(TableView, KnowsOnlyCellsInSight) {
     rows->count = 100;
     show();
@@ -142,6 +164,7 @@ TEST_F(TableView, RaisesWhenTheDataSourceGivesNoCell) {
     EXPECT_THROW(advance(0), phone::ScreenError);
 }
 
+// Holds: row-height
 TEST_F(TableView, HasRowsOf44PointsUnlessToldOtherwise) {
     EXPECT_EQ(table.rowHeight(), 44);
     rows->height = 60;
@@ -150,6 +173,7 @@ TEST_F(TableView, HasRowsOf44PointsUnlessToldOtherwise) {
     EXPECT_EQ(cell(1).frame(), CGRect(0, 60, 290, 60));
 }
 
+// Holds: table-selection-by-touch
 TEST_F(TableView, SelectsWhenTheFingerGoesUp) {
     show();
 
@@ -164,6 +188,7 @@ TEST_F(TableView, SelectsWhenTheFingerGoesUp) {
     EXPECT_EQ(table.indexPathForSelectedRow().row(), 1);
 }
 
+// Holds: table-selection-by-touch
 TEST_F(TableView, DoesNotSelectWhenTheFingerMovesAway) {
     show();
 
@@ -185,6 +210,7 @@ TEST_F(TableView, SelectsASelectedRowAgain) {
     EXPECT_EQ(rows->take(), (Entries{"shouldHighlight 1", "willSelect 1", "didSelect 1"}));
 }
 
+// Holds: table-defaults
 TEST_F(TableView, HasOneSelectedRowAtMost) {
     show();
     tap(100, 50);
@@ -194,6 +220,7 @@ TEST_F(TableView, HasOneSelectedRowAtMost) {
     EXPECT_FALSE(cell(1).isSelected());
 }
 
+// Holds: table-selection-in-code
 TEST_F(TableView, CallsNoDelegateForASelectionInCode) {
     show();
 
@@ -271,6 +298,7 @@ TEST_F(TableView, AnAccessoryViewMovesToTheCellThatTookItLast) {
     EXPECT_TRUE(accessory.isDescendantOfView(cell(1)));
 }
 
+// Holds: accessory-view-wins
 TEST_F(TableView, AnAccessoryViewWinsOverTheType) {
     show();
     cell(0).setAccessoryType(UITableViewCellAccessoryType::Checkmark);
@@ -281,6 +309,7 @@ TEST_F(TableView, AnAccessoryViewWinsOverTheType) {
     EXPECT_EQ(countClass("UITableViewCellAccessoryMark"), 0);
 }
 
+// Holds: cell-superviews
 TEST_F(TableView, HasTheSuperviewsOfItsSystem) {
     show();
 
@@ -344,6 +373,41 @@ TEST_F(TableView, RetainsNeitherDataSourceNorDelegate) {
     rows = nullptr;
 
     EXPECT_EQ(Rows::liveCount(), 0);
+}
+
+// Holds: table-header-of-a-title
+TEST_F(TableView, HasAHeaderOnlyForASectionWithATitleAndAHeight) {
+    show();
+    EXPECT_EQ(countClass("UITableViewHeaderFooterView"), 0);
+    EXPECT_EQ(cell(0).frame().origin.y, 0);
+
+    const auto titled = objc::Ref<TitledRows>::make();
+    run([&] {
+        table.setDataSource(titled);
+        table.setDelegate(titled);
+        table.reloadData();
+    });
+    EXPECT_EQ(countClass("UITableViewHeaderFooterView"), 1);
+    EXPECT_GT(cell(0).frame().origin.y, 0);
+
+    titled->headerHeight = 0;
+    run([&] { table.reloadData(); });
+    EXPECT_EQ(countClass("UITableViewHeaderFooterView"), 0);
+    EXPECT_EQ(cell(0).frame().origin.y, 0);
+}
+
+// Holds: table-defaults
+TEST_F(TableView, LetsOneRowBeSelectedUnlessToldOtherwise) {
+    EXPECT_TRUE((table.send<"allowsSelection", bool>()));
+    EXPECT_EQ(countClass("_UITableViewCellSeparatorView"), 0);
+    show();
+    EXPECT_EQ(countClass("_UITableViewCellSeparatorView"), 3); // a line under each row
+
+    table.send<"setAllowsSelection:">(false);
+    tap(100, 50);
+
+    EXPECT_FALSE(table.indexPathForSelectedRow());
+    EXPECT_TRUE(rows->take().empty());
 }
 
 } // namespace

@@ -82,6 +82,7 @@ TEST_F(TapGestureRecognizer, SendsItsActionWithItself) {
     EXPECT_EQ(target->sender, recognizer);
 }
 
+// Holds: recogniser-sees-inside
 TEST_F(TapGestureRecognizer, SeesTouchesOfTheViewsInside) {
     view.addSubview(UIView::withFrame({0, 0, 100, 60}));
 
@@ -146,6 +147,7 @@ TEST_F(TapGestureRecognizer, LeavesTheViewItsTouchesWhenToldTo) {
     EXPECT_EQ(touched->cancels, 0);
 }
 
+// Holds: button-beats-parents-tap
 TEST_F(TapGestureRecognizer, OnAParentStandsBackForAButton) {
     const auto button = UIButton::withType(UIButtonType::System);
     button.setFrame({0, 0, 100, 60});
@@ -158,6 +160,7 @@ TEST_F(TapGestureRecognizer, OnAParentStandsBackForAButton) {
     EXPECT_EQ(target->taps, 0);
 }
 
+// Holds: button-beats-parents-tap
 TEST_F(TapGestureRecognizer, OnAParentComesBeforeAPlainControl) {
     const auto control = objc::make<UIControl, "initWithFrame:">(CGRect(0, 0, 100, 60));
     control.addTarget(target, objc::selector<"pressed:">(), UIControlEventTouchUpInside);

@@ -1,5 +1,6 @@
 #include "phone/uikit/TextField.h"
 
+#include "phone/uikit/Compositor.h"
 #include "phone/uikit/Keyboard.h"
 #include "tests/phone/EditingRecorder.h"
 #include "tests/phone/PhoneTest.h"
@@ -32,6 +33,7 @@ protected:
     UITextField second;
 };
 
+// Holds: untouched-field-is-empty
 TEST_F(TextField, IsEmptyUntilSomethingIsTyped) {
     EXPECT_TRUE(first.text());
     EXPECT_EQ(firstText(), "");
@@ -39,6 +41,7 @@ TEST_F(TextField, IsEmptyUntilSomethingIsTyped) {
     EXPECT_TRUE(first.text());
 }
 
+// Holds: editing-order, field-before-the-keyboard
 TEST_F(TextField, BeginsToEditWhenTouched) {
     recorder->observeKeyboard();
 
@@ -58,6 +61,7 @@ TEST_F(TextField, DoesNotBeginWhenItsDelegateRefuses) {
     EXPECT_EQ(recorder->take(), Entries{"shouldBegin first"});
 }
 
+// Holds: editing-order
 TEST_F(TextField, EndsInThePlatformsOrder) {
     first.becomeFirstResponder();
     settle();
@@ -93,6 +97,7 @@ TEST_F(TextField, KeepsTheFocusWhenItsDelegateDoesNotLetItGo) {
     EXPECT_TRUE(first.isFirstResponder());
 }
 
+// Holds: editing-ends-by-force
 TEST_F(TextField, EndsWithoutBeingAskedWhenItLeavesItsWindow) {
     first.becomeFirstResponder();
     recorder->refused = {"shouldEnd first"};
@@ -104,6 +109,7 @@ TEST_F(TextField, EndsWithoutBeingAskedWhenItLeavesItsWindow) {
     EXPECT_FALSE(phone::Keyboard::shared().isShown());
 }
 
+// Holds: editing-ends-by-force
 TEST_F(TextField, EndsForGoodWhenEditingIsEndedByForce) {
     first.becomeFirstResponder();
     recorder->refused = {"shouldEnd first"};
@@ -121,6 +127,7 @@ TEST_F(TextField, DoesNotBeginOutsideAWindow) {
     EXPECT_TRUE(recorder->take().empty());
 }
 
+// Holds: change-by-character
 TEST_F(TextField, AsksForEveryCharacterTyped) {
     first.becomeFirstResponder();
     recorder->take();
@@ -163,6 +170,7 @@ TEST_F(TextField, AsksNothingForABackspaceAtItsStart) {
     EXPECT_TRUE(recorder->take().empty());
 }
 
+// Holds: text-in-code-tells-nobody
 TEST_F(TextField, CallsNoDelegateForTextSetInCode) {
     first.setText("abc"_ns);
     first.send<"insertText:">("d"_ns);
@@ -184,6 +192,7 @@ TEST_F(TextField, PastesInOneChange) {
     EXPECT_EQ(recorder->take(), Entries{"change 1+0 'two words'"});
 }
 
+// Holds: field-return-only-asks
 TEST_F(TextField, OnlyAsksWhenReturnIsPressed) {
     first.becomeFirstResponder();
     recorder->take();
@@ -242,6 +251,32 @@ TEST_F(TextField, AsksNobodyAgainWhileItIsBecomingOrResigning) {
     first.resignFirstResponder();
 
     EXPECT_EQ(recorder->take(), (Entries{"shouldBegin first", "didBegin first", "shouldEnd first", "didEnd first"}));
+}
+
+// Holds: field-placeholder
+TEST_F(TextField, DrawsItsPlaceholderInGreyUntilThereIsText) {
+    first.removeFromSuperview();
+    first.setBackgroundColor(UIColor::white());
+    EXPECT_FALSE(first.placeholder());
+    screen.addSubview(first);
+    // The darkest spot of what the field shows.
+    auto darkest = [&] {
+        const auto picture = phone::pictureOfScreen();
+        unsigned found = 0xff;
+        for (int y = 2 * 50; y < 2 * 80; ++y) {
+            for (int x = 2 * 20; x < 2 * 220; ++x) {
+                found = std::min(found, picture->pixel(x, y) & 0xff);
+            }
+        }
+        return found;
+    };
+    EXPECT_EQ(darkest(), 0xffU);
+
+    first.setPlaceholder("MMMM"_ns);
+    EXPECT_NEAR(darkest(), 0.7 * 0xff, 1);
+    first.setText("MMMM"_ns);
+
+    EXPECT_EQ(darkest(), 0U);
 }
 
 } // namespace

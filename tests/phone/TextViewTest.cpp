@@ -38,6 +38,7 @@ TEST_F(TextView, ReadsBackAnEmptyTextForNil) {
     EXPECT_EQ(text(), "");
 }
 
+// Holds: text-view-after-the-keyboard
 TEST_F(TextView, ShowsTheKeyboardBeforeItsDelegateIsTold) {
     recorder->observeKeyboard();
 
@@ -78,6 +79,7 @@ TEST_F(TextView, LetsItsDelegateFocusAndSetDelegatesWhileTheFocusChanges) {
     EXPECT_EQ(text(), "  Note");
 }
 
+// Holds: change-by-character
 TEST_F(TextView, AsksForEveryCharacterAndTellsOfTheChange) {
     note.becomeFirstResponder();
     recorder->take();
@@ -88,6 +90,7 @@ TEST_F(TextView, AsksForEveryCharacterAndTellsOfTheChange) {
     EXPECT_EQ(recorder->take(), (Entries{"change 0+0 'a'", "didChange note", "change 0+1 ''", "didChange note"}));
 }
 
+// Holds: text-view-return-is-text
 TEST_F(TextView, TakesReturnAsALineBreak) {
     note.becomeFirstResponder();
     type("a");
@@ -100,6 +103,7 @@ TEST_F(TextView, TakesReturnAsALineBreak) {
     EXPECT_EQ(recorder->take().front(), "change 1+0 '\n'");
 }
 
+// Holds: text-in-code-tells-nobody
 TEST_F(TextView, CallsNoDelegateForTextSetInCode) {
     note.setText("abc"_ns);
     note.send<"insertText:">("d"_ns);

@@ -8,6 +8,7 @@ protected:
     ViewController() { useClassesOnly(); }
 };
 
+// Holds: view-loads-once
 TEST_F(ViewController, LoadsItsViewWhenItIsFirstAskedFor) {
     boot();
     const auto controller = Probe::with("a");
@@ -29,6 +30,7 @@ TEST_F(ViewController, HasTheScreensPortraitBoundsWhenItsViewHasLoaded) {
     EXPECT_EQ(Probe::loadedFrame, CGRect(0, 0, 320, 568));
 }
 
+// Holds: title-loads-nothing
 TEST_F(ViewController, TakesATitleWithoutLoadingItsView) {
     boot();
     const auto controller = Probe::with("a");
@@ -64,6 +66,7 @@ TEST_F(ViewController, IsToldOfItsComingAndGoingWithTheWindow) {
                                    "b didAppear"}));
 }
 
+// Holds: will-appear-outside-the-window
 TEST_F(ViewController, IsNotYetInTheWindowWhenItIsAboutToAppear) {
     const UIWindow front = window();
 
@@ -98,6 +101,7 @@ TEST_F(ViewController, TellsAChildThatItsViewContains) {
     EXPECT_EQ(child.parentViewController(), parent);
 }
 
+// Holds: portrait-unless-overridden
 TEST_F(ViewController, KeepsToThePortraitUnlessASubclassSaysOtherwise) {
     boot();
     const auto controller = Probe::with("a");
@@ -121,4 +125,29 @@ TEST_F(ViewController, GivesItsViewUpWhenItGoes) {
 
     EXPECT_EQ(takeProbed().back(), "a dealloc");
     EXPECT_FALSE(view.nextResponder());
+}
+
+// Holds: memory-warning-keeps-the-view
+TEST_F(ViewController, KeepsItsViewThroughAMemoryWarning) {
+    boot();
+    const auto controller = Probe::with("a");
+    const UIView view = controller.view();
+
+    controller.send<"didReceiveMemoryWarning">();
+
+    EXPECT_TRUE(controller.isViewLoaded());
+    EXPECT_EQ(controller.view(), view);
+}
+
+// Holds: rotation-callbacks-exist
+TEST_F(ViewController, AnswersTheRotationCallbacksOfAllItsGenerations) {
+    boot();
+    const auto controller = objc::make<UIViewController>();
+
+    EXPECT_TRUE(objc::responds<"shouldAutorotateToInterfaceOrientation:">(controller));
+    EXPECT_TRUE(objc::responds<"willRotateToInterfaceOrientation:duration:">(controller));
+    EXPECT_TRUE(objc::responds<"willAnimateRotationToInterfaceOrientation:duration:">(controller));
+    EXPECT_TRUE(objc::responds<"didRotateFromInterfaceOrientation:">(controller));
+    EXPECT_TRUE(objc::responds<"shouldAutorotate">(controller));
+    EXPECT_TRUE(objc::responds<"supportedInterfaceOrientations">(controller));
 }

@@ -67,6 +67,7 @@ protected:
     const SEL numberSelector = objc::selector<"number">();
 };
 
+// Holds: hook-own-method
 TEST_F(HookMessageTest, AMethodOfTheClassIsSwapped) {
     MSHookMessageEx(Parent::definedClass(), numberSelector, imp(&tenMore), &previousNumber);
 
@@ -83,6 +84,7 @@ TEST_F(HookMessageTest, ASubclassInUseSeesItsParentsMethodSwapped) {
     EXPECT_EQ(number(child), 50);
 }
 
+// Holds: hook-chains
 TEST_F(HookMessageTest, HookingTwiceChainsAndTheLastRunsFirst) {
     MSHookMessageEx(Parent::definedClass(), numberSelector, imp(&tenMore), &previousNumber);
     MSHookMessageEx(Parent::definedClass(), numberSelector, imp(&hundredMore), &previousNumberOfSecond);
@@ -91,6 +93,7 @@ TEST_F(HookMessageTest, HookingTwiceChainsAndTheLastRunsFirst) {
     EXPECT_EQ(previousNumberOfSecond, imp(&tenMore));
 }
 
+// Holds: hook-inherited-method
 TEST_F(HookMessageTest, AnInheritedMethodIsAddedAndTheParentStaysAsItIs) {
     MSHookMessageEx(Child::definedClass(), numberSelector, imp(&tenMore), &previousNumber);
 
@@ -98,6 +101,7 @@ TEST_F(HookMessageTest, AnInheritedMethodIsAddedAndTheParentStaysAsItIs) {
     EXPECT_EQ(number(objc::Ref<Parent>::make()), 1);
 }
 
+// Holds: hook-inherited-method
 TEST_F(HookMessageTest, AnAddedMethodHasTheParentsEncoding) {
     MSHookMessageEx(Child::definedClass(), numberSelector, imp(&tenMore), &previousNumber);
 
@@ -107,6 +111,7 @@ TEST_F(HookMessageTest, AnAddedMethodHasTheParentsEncoding) {
     EXPECT_STREQ(method_getTypeEncoding(added), method_getTypeEncoding(inherited));
 }
 
+// Holds: hook-inherited-method
 TEST_F(HookMessageTest, ALaterHookOnTheParentIsSeen) {
     MSHookMessageEx(Child::definedClass(), numberSelector, imp(&tenMore), &previousNumber);
     MSHookMessageEx(Parent::definedClass(), numberSelector, imp(&fifty), nullptr);
@@ -145,6 +150,7 @@ TEST_F(HookMessageTest, AnExceptionPassesThroughWhatIsInherited) {
     EXPECT_THROW(reinterpret_cast<void (*)(id, SEL)>(previous)(child.raw(), objc::selector<"raise">()), int);
 }
 
+// Holds: hook-chains
 TEST_F(HookMessageTest, AClassMethodIsHookedOnTheMetaclass) {
     Class metaclass = object_getClass(reinterpret_cast<id>(Parent::definedClass()));
 
@@ -160,12 +166,14 @@ TEST_F(HookMessageTest, AMethodOfFoundationCanBeHooked) {
     EXPECT_EQ(text("a.b"_ns.send<"pathExtension", NSString>()), "a.b");
 }
 
+// Holds: hook-chains
 TEST_F(HookMessageTest, WithoutAPlaceForThePreviousItStillHooks) {
     MSHookMessageEx(Child::definedClass(), numberSelector, imp(&fifty), nullptr);
 
     EXPECT_EQ(number(objc::Ref<Child>::make()), 50);
 }
 
+// Holds: hook-of-nothing
 TEST_F(HookMessageTest, WhatCannotBeHookedIsAWarningAndLeavesTheResultAlone) {
     const IMP marker = imp(&hundredMore);
     IMP previous = marker;

@@ -41,6 +41,7 @@ protected:
     }
 };
 
+// Holds: load-order
 TEST_F(LoaderTest, LibrariesLoadInAlphabeticalOrder) {
     install("Middle", "");
     install("Zebra", "");
@@ -59,28 +60,39 @@ TEST_F(LoaderTest, AMissingFolderLoadsNothing) {
     EXPECT_TRUE(loadLibraries().empty());
 }
 
+// Holds: filter-missing-or-corrupt
 TEST_F(LoaderTest, WithoutAFilterALibraryIsLoadedEverywhere) {
     EXPECT_TRUE(loads(""));
     EXPECT_TRUE(loads("{ Other = 1; }"));
     EXPECT_TRUE(loads("{ Filter = { }; }"));
 }
 
+// Holds: filter-keys
 TEST_F(LoaderTest, BundlesMatchTheRunningApplication) {
     EXPECT_TRUE(loads("{ Filter = { Bundles = ( \"com.apple.InCallService\", \"com.apple.mobilephone\" ); }; }"));
     EXPECT_FALSE(loads("{ Filter = { Bundles = ( \"com.apple.springboard\" ); }; }"));
     EXPECT_FALSE(loads("{ Filter = { Bundles = ( ); }; }"));
 }
 
+// Holds: filter-keys
+TEST_F(LoaderTest, BundlesMatchWhateverIsLoadedInIt) {
+    EXPECT_TRUE(loads("{ Filter = { Bundles = ( \"com.apple.UIKit\" ); }; }"));
+    EXPECT_FALSE(loads("{ Filter = { Bundles = ( \"com.apple.EventKitUI\" ); }; }"));
+}
+
+// Holds: filter-keys
 TEST_F(LoaderTest, ExecutablesMatchTheProgramsName) {
     EXPECT_TRUE(loads("{ Filter = { Executables = ( InCallService ); }; }"));
     EXPECT_FALSE(loads("{ Filter = { Executables = ( MobilePhone ); }; }"));
 }
 
+// Holds: filter-keys
 TEST_F(LoaderTest, ClassesMatchWhatIsRegistered) {
     EXPECT_TRUE(loads("{ Filter = { Classes = ( NoSuchClass, NSString ); }; }"));
     EXPECT_FALSE(loads("{ Filter = { Classes = ( NoSuchClass ); }; }"));
 }
 
+// Holds: filter-keys
 TEST_F(LoaderTest, TheVersionLiesBetweenTheBounds) {
     const auto filter = [](const std::string& numbers) {
         return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict><key>Filter</key><dict>"
@@ -94,6 +106,7 @@ TEST_F(LoaderTest, TheVersionLiesBetweenTheBounds) {
     EXPECT_FALSE(loads(filter("<string>793</string>")));
 }
 
+// Holds: filter-keys
 TEST_F(LoaderTest, EveryListMustMatchUnlessTheModeIsAny) {
     const std::string lists = "Bundles = ( \"com.apple.InCallService\" ); Executables = ( MobilePhone );";
 
@@ -102,6 +115,7 @@ TEST_F(LoaderTest, EveryListMustMatchUnlessTheModeIsAny) {
     EXPECT_FALSE(loads("{ Filter = { Mode = Any; Executables = ( MobilePhone ); }; }"));
 }
 
+// Holds: filter-missing-or-corrupt
 TEST_F(LoaderTest, ACorruptFilterSkipsItsLibraryWithAWarning) {
     testing::internal::CaptureStderr();
 

@@ -1,0 +1,63 @@
+#include "Quorvan/reminder/ReminderDate.h"
+
+#include "Quorvan/common/ChooserFrame.h"
+#include "Quorvan/common/Panel.h"
+#include "Quorvan/common/Resources.h"
+#include "Quorvan/common/ScreenState.h"
+#include "platform/foundation/NSDateFormatter.h"
+
+namespace quorvan {
+
+namespace {
+
+/// Takes over what the picker shows.
+void takeDate() {
+    const auto formatter = NSDateFormatter::make();
+    formatter.setDateFormat("dd/MM HH:mm"_ns);
+    rDate = formatter.string(myPicker->date());
+    remDate = myPicker->date();
+}
+
+} // namespace
+
+void ReminderDate::define(objc::ClassTable<ReminderDate>& c) {
+    c.init<"initWithNibName:bundle:", &ReminderDate::initWithNibName>()
+        .overrides<"viewDidLoad", &ReminderDate::viewDidLoad>()
+        .def<"reminderList", &ReminderDate::reminderList>()
+        .action<"pickerChanged:", &ReminderDate::pickerChanged>()
+        .action<"back:", &ReminderDate::back>();
+}
+
+void ReminderDate::initWithNibName(const NSString& nib, const NSObject& bundle) {
+    super<"initWithNibName:bundle:">(nib, bundle);
+}
+
+void ReminderDate::viewDidLoad() {
+    super<"viewDidLoad">();
+    startChooser(*this, localized("Reminder"));
+    showPanel(*this, reminderList());
+}
+
+UIView ReminderDate::reminderList() {
+    ChooserFrame frame(*this, chooserSize, localized("Date"));
+    frame.addSwitch(localized("Remind Me"), true, 84);
+    frame.addBar();
+    myPicker = frame.addPicker(*this, {0, 67.5, panelWidth, 216});
+    return frame.finish();
+}
+
+void ReminderDate::pickerChanged(const objc::Object&) {
+    takeDate();
+    accountName->reloadData();
+}
+
+void ReminderDate::back(const objc::Object&) {
+    takeDate();
+    neverOrNot = allDayAllNight->isOn();
+    if (!neverOrNot) {
+        rDate = localized("Never");
+    }
+    popToCompose(*this, Reload::BeforeThePop);
+}
+
+} // namespace quorvan

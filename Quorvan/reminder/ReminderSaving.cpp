@@ -1,0 +1,67 @@
+// How a reminder is saved: the screen closes at once, and the reminder is built when the store has answered.
+
+#include "Quorvan/common/Resources.h"
+#include "Quorvan/common/ScreenState.h"
+#include "Quorvan/reminder/ReminderController.h"
+#include "platform/eventkit/EKEventStore.h"
+#include "platform/eventkit/EKReminder.h"
+
+namespace quorvan {
+
+namespace {
+
+/// The store's number for a row of the priority chooser: none, low, medium, high.
+objc::Int priorityOf(objc::Int row) {
+    constexpr objc::Int priorities[] = {0, 9, 5, 1};
+    return row >= 0 && row <= 3 ? priorities[row] : 0;
+}
+
+/// The list at the chosen place; the default one when none is chosen or the place is not there any more.
+EKCalendar chosenList(const EKEventStore& store) {
+    const bool exists = chosen >= 0 && static_cast<objc::UInt>(chosen) < identifiersSaved->count();
+    return exists ? identifiersSaved->at<EKCalendar>(static_cast<objc::UInt>(chosen))
+                  : store.defaultCalendarForNewReminders();
+}
+
+NSDateComponents minuteOf(const NSDate& date) {
+    const auto gregorian = NSCalendar::withIdentifier(objc::borrow<NSString>(NSGregorianCalendar));
+    return gregorian.components(NSCalendarUnit::Year | NSCalendarUnit::Month | NSCalendarUnit::Day |
+                                    NSCalendarUnit::Hour | NSCalendarUnit::Minute,
+                                date);
+}
+
+} // namespace
+
+void ReminderController::done(const objc::Object&) {
+    const auto store = EKEventStore::make();
+    if (objc::responds<"requestAccessToEntityType:completion:">(store)) {
+        const auto self = objc::as<objc::Ref<ReminderController>>(*this);
+        store.requestAccess(EKEntityType::Reminder, ^(bool granted, id) {
+          if (granted) {
+              self->save(store);
+          }
+        });
+    }
+    _activity.activityDidFinish(true);
+}
+
+/// Runs on a thread of the store's choosing, when the screen may be gone already.
+void ReminderController::save(const EKEventStore& store) {
+    identifiersSaved = store.calendars(EKEntityType::Reminder);
+    const auto reminder = EKReminder::withEventStore(store);
+    reminder.setCalendar(chosenList(store));
+    const NSString text = note.text();
+    reminder.setTitle(text);
+    const NSDate now = NSDate::now();
+    reminder.setPriority(priorityOf(prior));
+    if (remDate && neverOrNot) {
+        reminder.setStartDateComponents(minuteOf(now));
+        reminder.setDueDateComponents(minuteOf(remDate));
+        reminder.setAlarms(NSArray::of(EKAlarm::withAbsoluteDate(remDate)));
+    }
+    if (!text.isEqualToString(placeholder("Description"))) {
+        store.saveReminder(reminder, true);
+    }
+}
+
+} // namespace quorvan

@@ -1,0 +1,166 @@
+#include "phone/eventkit/CalendarItem.h"
+
+#include "phone/eventkit/Alarm.h"
+#include "phone/eventkit/CalendarFolder.h"
+#include "phone/eventkit/Components.h"
+#include "phone/eventkit/StoreEntry.h"
+#include "phone/foundation/Raise.h"
+#include "phone/foundation/Text.h"
+
+#include <algorithm>
+
+namespace phone::eventkit {
+
+namespace {
+
+std::optional<std::string> optionalText(const NSString& string) {
+    return string ? std::optional(text(string)) : std::nullopt;
+}
+
+/// A text of the item's own: what the caller holds may change later.
+NSString copied(const NSString& string) { return string.send<"copy", NSString>(); }
+
+void checkAlarm(const objc::Object& alarm) {
+    if (!objc::isKind<EKAlarm>(alarm)) {
+        raise("NSInvalidArgumentException", "Only instances of EKAlarm can be an item's alarms");
+    }
+}
+
+} // namespace
+
+void CalendarItem::define(objc::ClassTable<CalendarItem>& c) {
+    c.def<"calendar", &CalendarItem::calendar>()
+        .def<"setCalendar:", &CalendarItem::setCalendar>()
+        .def<"title", &CalendarItem::title>()
+        .def<"setTitle:", &CalendarItem::setTitle>()
+        .def<"location", &CalendarItem::location>()
+        .def<"setLocation:", &CalendarItem::setLocation>()
+        .def<"notes", &CalendarItem::notes>()
+        .def<"setNotes:", &CalendarItem::setNotes>()
+        .def<"calendarItemIdentifier", &CalendarItem::calendarItemIdentifier>()
+        .def<"creationDate", &CalendarItem::creationDate>()
+        .def<"lastModifiedDate", &CalendarItem::lastModifiedDate>();
+
+    c.def<"alarms", &CalendarItem::alarms>()
+        .def<"setAlarms:", &CalendarItem::setAlarms>()
+        .def<"addAlarm:", &CalendarItem::addAlarm>()
+        .def<"removeAlarm:", &CalendarItem::removeAlarm>()
+        .def<"hasAlarms", &CalendarItem::hasAlarms>();
+}
+
+CalendarItem::CalendarItem() : _id(newIdentifier()) {}
+
+std::string CalendarItem::titleText() const { return text(_title); }
+std::optional<std::string> CalendarItem::locationText() const { return optionalText(_location); }
+std::optional<std::string> CalendarItem::notesText() const { return optionalText(_notes); }
+
+std::vector<CalendarAlarm> CalendarItem::alarmRows() const {
+    std::vector<CalendarAlarm> rows;
+    for (const EKAlarm& alarm : _alarms) {
+        rows.push_back(Alarm::of(alarm)->row());
+    }
+    return rows;
+}
+
+EKCalendar CalendarItem::calendar() {
+    logMessage(*this, "calendar");
+    return _calendar;
+}
+
+void CalendarItem::setCalendar(const EKCalendar& calendar) {
+    logMessage(*this, "setCalendar:", calendar);
+    _calendar = calendar;
+    StoredObject::of(*this)->setChanged();
+}
+
+NSString CalendarItem::title() {
+    logMessage(*this, "title");
+    return _title ? _title : ""_ns;
+}
+
+void CalendarItem::setTitle(const NSString& title) {
+    logMessage(*this, "setTitle:", title);
+    _title = copied(title);
+    StoredObject::of(*this)->setChanged();
+}
+
+NSString CalendarItem::location() {
+    logMessage(*this, "location");
+    return _location;
+}
+
+void CalendarItem::setLocation(const NSString& location) {
+    logMessage(*this, "setLocation:", location);
+    _location = copied(location);
+    StoredObject::of(*this)->setChanged();
+}
+
+NSString CalendarItem::notes() {
+    logMessage(*this, "notes");
+    return _notes;
+}
+
+void CalendarItem::setNotes(const NSString& notes) {
+    logMessage(*this, "setNotes:", notes);
+    _notes = copied(notes);
+    StoredObject::of(*this)->setChanged();
+}
+
+NSString CalendarItem::calendarItemIdentifier() {
+    logMessage(*this, "calendarItemIdentifier");
+    return string(_id);
+}
+
+NSDate CalendarItem::creationDate() {
+    logMessage(*this, "creationDate");
+    return date(created);
+}
+
+NSDate CalendarItem::lastModifiedDate() {
+    logMessage(*this, "lastModifiedDate");
+    return date(modified);
+}
+
+NSArray CalendarItem::alarms() {
+    logMessage(*this, "alarms");
+    if (_alarms.empty()) {
+        return nullptr;
+    }
+    const auto all = objc::make<NSMutableArray>();
+    for (const EKAlarm& alarm : _alarms) {
+        all.add(alarm);
+    }
+    return all;
+}
+
+void CalendarItem::setAlarms(const NSArray& alarms) {
+    logMessage(*this, "setAlarms:", alarms);
+    std::vector<EKAlarm> all;
+    for (const NSObject& alarm : alarms) {
+        checkAlarm(alarm);
+        all.push_back(objc::as<EKAlarm>(alarm));
+    }
+    _alarms = std::move(all);
+    StoredObject::of(*this)->setChanged();
+}
+
+void CalendarItem::addAlarm(const EKAlarm& alarm) {
+    logMessage(*this, "addAlarm:", alarm);
+    checkAlarm(alarm);
+    _alarms.push_back(alarm);
+    StoredObject::of(*this)->setChanged();
+}
+
+void CalendarItem::removeAlarm(const EKAlarm& alarm) {
+    logMessage(*this, "removeAlarm:", alarm);
+    if (std::erase(_alarms, alarm) > 0) {
+        StoredObject::of(*this)->setChanged();
+    }
+}
+
+bool CalendarItem::hasAlarms() {
+    logMessage(*this, "hasAlarms");
+    return !_alarms.empty();
+}
+
+} // namespace phone::eventkit

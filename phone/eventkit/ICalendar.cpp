@@ -1,0 +1,200 @@
+#include "phone/eventkit/ICalendar.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <ctime>
+
+namespace phone {
+
+namespace {
+
+constexpr const char* producer = "-//Quorvan//Phone//EN";
+
+/// A zone's rules under its plain name, as all programs know it.
+icaltimezone* zoneNamed(const std::string& name) {
+    icaltimezone_set_tzid_prefix("");
+    return name == "UTC" || name == "GMT" ? icaltimezone_get_utc_timezone()
+                                          : icaltimezone_get_builtin_timezone(name.c_str());
+}
+
+icaltimetype timeOf(const CalendarDate& date) {
+    icaltimetype time = icaltime_null_time();
+    time.year = date.year;
+    time.month = date.month;
+    time.day = date.day;
+    time.is_date = date.isDay ? 1 : 0;
+    if (!date.isDay) {
+        time.hour = date.hour;
+        time.minute = date.minute;
+        time.second = date.second;
+    }
+    return icaltime_normalize(time);
+}
+
+icaltimetype utcTime(double moment) {
+    return icaltime_from_timet_with_zone(static_cast<time_t>(std::floor(moment)), 0, icaltimezone_get_utc_timezone());
+}
+
+void replace(icalcomponent* in, icalproperty* property) {
+    const icalproperty_kind kind = icalproperty_isa(property);
+    if (icalproperty* before = icalcomponent_get_first_property(in, kind)) {
+        icalcomponent_remove_property(in, before);
+        icalproperty_free(before);
+    }
+    icalcomponent_add_property(in, property);
+}
+
+} // namespace
+
+double momentOf(const CalendarDate& date, const std::string& localZone) {
+    icaltimezone* zone = zoneNamed(date.zone.empty() || date.isDay ? localZone : date.zone);
+    icaltimetype time = timeOf(date);
+    time.is_date = 0; // a whole day begins at its first moment
+    return static_cast<double>(icaltime_as_timet_with_zone(time, zone));
+}
+
+namespace ical {
+
+Component calendar() {
+    Component made(icalcomponent_new(ICAL_VCALENDAR_COMPONENT));
+    icalcomponent_add_property(made.get(), icalproperty_new_version("2.0"));
+    icalcomponent_add_property(made.get(), icalproperty_new_prodid(producer));
+    return made;
+}
+
+Component parse(const std::string& text) {
+    icalerror_set_errors_are_fatal(0); // a broken file is nothing to die of
+    return Component(icalparser_parse_string(text.c_str()));
+}
+
+std::string text(const Component& component) {
+    char* owned = icalcomponent_as_ical_string_r(component.get());
+    std::string text = owned;
+    icalmemory_free_buffer(owned);
+    return text;
+}
+
+void setText(icalcomponent* in, icalproperty_kind kind, const std::string& text) {
+    icalproperty* property = icalproperty_new(kind);
+    icalproperty_set_value(property, icalvalue_new_text(text.c_str()));
+    replace(in, property);
+}
+
+std::optional<std::string> textOf(icalcomponent* in, icalproperty_kind kind) {
+    icalproperty* property = icalcomponent_get_first_property(in, kind);
+    icalvalue* value = property == nullptr ? nullptr : icalproperty_get_value(property);
+    const char* text = value == nullptr ? nullptr : icalvalue_get_text(value);
+    // An empty value has no text with the parser.
+    return property == nullptr ? std::nullopt : std::optional<std::string>(text == nullptr ? "" : text);
+}
+
+void setMoment(icalcomponent* in, icalproperty_kind kind, double moment) {
+    icalproperty* property = icalproperty_new(kind);
+    icalproperty_set_value(property, icalvalue_new_datetime(utcTime(moment)));
+    replace(in, property);
+}
+
+std::optional<double> momentIn(icalcomponent* in, icalproperty_kind kind) {
+    const auto date = dateIn(in, kind);
+    return date ? std::optional(momentOf(*date, "UTC")) : std::nullopt;
+}
+
+void setDate(icalcomponent* calendar, icalcomponent* in, icalproperty_kind kind, const CalendarDate& date) {
+    icaltimetype time = timeOf(date);
+    icaltimezone* zone = date.zone.empty() || date.isDay ? nullptr : zoneNamed(date.zone);
+    icalproperty* property = icalproperty_new(kind);
+    if (zone == icaltimezone_get_utc_timezone()) {
+        icaltime_set_timezone(&time, zone);
+    } else if (zone != nullptr) {
+        const char* id = icaltimezone_get_tzid(zone);
+        icalproperty_add_parameter(property, icalparameter_new_tzid(id));
+        if (icalcomponent_get_timezone(calendar, id) == nullptr) {
+            icalcomponent_add_component(calendar, icalcomponent_new_clone(icaltimezone_get_component(zone)));
+        }
+    }
+    icalproperty_set_value(property, date.isDay ? icalvalue_new_date(time) : icalvalue_new_datetime(time));
+    if (date.isDay) {
+        icalproperty_add_parameter(property, icalparameter_new_value(ICAL_VALUE_DATE));
+    }
+    replace(in, property);
+}
+
+std::optional<CalendarDate> dateIn(icalcomponent* in, icalproperty_kind kind) {
+    icalproperty* property = icalcomponent_get_first_property(in, kind);
+    icalvalue* value = property == nullptr ? nullptr : icalproperty_get_value(property);
+    if (value == nullptr) {
+        return std::nullopt;
+    }
+    const icaltimetype time = icalvalue_get_datetime(value);
+    if (icaltime_is_null_time(time) || !icaltime_is_valid_time(time)) {
+        return std::nullopt;
+    }
+    CalendarDate date = {time.year, time.month, time.day, time.hour, time.minute, time.second, time.is_date != 0, ""};
+    if (icaltime_is_utc(time)) {
+        date.zone = "UTC";
+    } else if (icalparameter* id = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER)) {
+        // A zone that only the file itself describes is taken as local time.
+        const std::string name = icalparameter_get_tzid(id);
+        date.zone = zoneNamed(name) == nullptr ? "" : name;
+    }
+    return date;
+}
+
+void addAlarm(icalcomponent* to, const CalendarAlarm& alarm, const std::string& shown) {
+    icalcomponent* made = icalcomponent_new(ICAL_VALARM_COMPONENT);
+    icalcomponent_add_property(made, icalproperty_new_action(ICAL_ACTION_DISPLAY));
+    setText(made, ICAL_DESCRIPTION_PROPERTY, shown);
+    icaltriggertype trigger{};
+    if (alarm.moment) {
+        trigger.time = utcTime(*alarm.moment);
+    } else {
+        trigger.time = icaltime_null_time();
+        trigger.duration = icaldurationtype_from_int(static_cast<int>(std::floor(alarm.offset)));
+    }
+    icalproperty* property = icalproperty_new_trigger(trigger);
+    if (alarm.moment) {
+        icalproperty_add_parameter(property, icalparameter_new_value(ICAL_VALUE_DATETIME));
+    }
+    icalcomponent_add_property(made, property);
+    icalcomponent_add_component(to, made);
+}
+
+std::vector<CalendarAlarm> alarmsIn(icalcomponent* in) {
+    std::vector<CalendarAlarm> all;
+    for (icalcomponent* at = icalcomponent_get_first_component(in, ICAL_VALARM_COMPONENT); at != nullptr;
+         at = icalcomponent_get_next_component(in, ICAL_VALARM_COMPONENT)) {
+        icalproperty* property = icalcomponent_get_first_property(at, ICAL_TRIGGER_PROPERTY);
+        if (property == nullptr) {
+            continue;
+        }
+        const icaltriggertype trigger = icalproperty_get_trigger(property);
+        if (icaltime_is_null_time(trigger.time)) {
+            all.push_back({std::nullopt, static_cast<double>(icaldurationtype_as_int(trigger.duration))});
+        } else {
+            all.push_back(
+                {static_cast<double>(icaltime_as_timet_with_zone(trigger.time, icaltimezone_get_utc_timezone())), 0});
+        }
+    }
+    return all;
+}
+
+void setOwn(icalcomponent* in, const char* name, long value) {
+    icalproperty* property = icalproperty_new_x(std::to_string(value).c_str());
+    icalproperty_set_x_name(property, name);
+    icalcomponent_add_property(in, property);
+}
+
+long ownIn(icalcomponent* in, const char* name) {
+    for (icalproperty* at = icalcomponent_get_first_property(in, ICAL_X_PROPERTY); at != nullptr;
+         at = icalcomponent_get_next_property(in, ICAL_X_PROPERTY)) {
+        const char* found = icalproperty_get_x_name(at);
+        if (found != nullptr && std::string_view(found) == name) {
+            const char* value = icalproperty_get_value_as_string(at);
+            return value == nullptr ? 0 : std::strtol(value, nullptr, 10);
+        }
+    }
+    return 0;
+}
+
+} // namespace ical
+} // namespace phone

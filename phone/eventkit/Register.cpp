@@ -1,0 +1,22 @@
+#include "phone/eventkit/Register.h"
+
+#include "phone/device/RunLoop.h"
+#include "phone/eventkit/AccessRequests.h"
+#include "phone/eventkit/Alarm.h"
+#include "phone/eventkit/Calendar.h"
+#include "phone/eventkit/EventStore.h"
+#include "phone/eventkit/Reminder.h"
+
+namespace phone {
+
+void registerEventKitClasses() {
+    eventkit::StoredObject::definedClass();
+    eventkit::Calendar::definedClass();
+    eventkit::Alarm::definedClass();
+    eventkit::CalendarItem::definedClass();
+    eventkit::Reminder::definedClass();
+    eventkit::EventStore::definedClass();
+    RunLoop::main().setAtRest([] { return eventkit::AccessRequests::shared().answerWaiting(); });
+}
+
+} // namespace phone

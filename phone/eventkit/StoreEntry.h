@@ -1,0 +1,39 @@
+/// Entries for messages to the calendar store and its objects, in the log.
+#pragma once
+
+#include "platform/foundation/NSObject.h"
+
+#include <nlohmann/json.hpp>
+
+#include <concepts>
+#include <string>
+
+namespace phone::eventkit {
+
+/// An argument as the log shows it: truth values and numbers in figures, arrays with what is in them, the
+/// fields of a date as 2026-05-16T09:00:00, the rest as the Notes store shows it.
+nlohmann::json shown(const objc::Object& object);
+nlohmann::json shown(SEL selector);
+nlohmann::json shown(bool value);
+nlohmann::json shown(std::floating_point auto value) { return nlohmann::json(value).dump(); }
+template <class T>
+    requires std::is_enum_v<T> || std::same_as<T, objc::Int>
+nlohmann::json shown(T value) {
+    return std::to_string(static_cast<objc::Int>(value));
+}
+
+void addEntry(const char* className, const char* message, nlohmann::json arguments);
+
+/// Adds {"class", "message", "arguments"} to the log; the class is the receiver's own.
+template <class... A>
+void logMessage(const objc::Object& receiver, const char* message, const A&... arguments) {
+    addEntry(object_getClassName(receiver.raw()), message, nlohmann::json::array({shown(arguments)...}));
+}
+
+/// The same for a message to a class.
+template <class... A>
+void logClassMessage(const char* className, const char* message, const A&... arguments) {
+    addEntry(className, message, nlohmann::json::array({shown(arguments)...}));
+}
+
+} // namespace phone::eventkit

@@ -1,0 +1,149 @@
+#include "phone/uikit/DatePicker.h"
+
+#include "phone/device/WheelRow.h"
+#include "phone/foundation/Text.h"
+#include "phone/uikit/TableParts.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace phone {
+
+namespace {
+constexpr CGFloat hairline = 0.5; // points
+constexpr CGFloat disabledAlpha = 0.5;
+} // namespace
+
+void DatePicker::define(objc::ClassTable<DatePicker>& c) {
+    c.init<"initWithFrame:", &DatePicker::initWithFrame>()
+        .get<"datePickerMode", &DatePicker::_mode>()
+        .def<"setDatePickerMode:", &DatePicker::setMode>()
+        .def<"date", &DatePicker::date>()
+        .def<"setDate:", &DatePicker::setDate>()
+        .def<"setDate:animated:", &DatePicker::setDateAnimated>()
+        .get<"minimumDate", &DatePicker::_minimum>()
+        .def<"setMinimumDate:", &DatePicker::setMinimumDate>()
+        .get<"maximumDate", &DatePicker::_maximum>()
+        .def<"setMaximumDate:", &DatePicker::setMaximumDate>()
+        .overrides<"sizeThatFits:", &DatePicker::sizeThatFits>()
+        .overrides<"layoutSubviews", &DatePicker::layoutSubviews>()
+        .overrides<"beginTrackingWithTouch:withEvent:", &DatePicker::beginTracking>()
+        .overrides<"_stateChanged", &DatePicker::stateChanged>();
+}
+
+DatePicker::~DatePicker() {
+    for (const Wheel& wheel : _wheels) {
+        wheel.view->setTurned(nullptr); // one that still turns outlives the picker
+    }
+}
+
+void DatePicker::initWithFrame(CGRect frame) {
+    const bool isEmpty = frame.size.width == 0 && frame.size.height == 0;
+    super<"initWithFrame:">(isEmpty ? CGRect(frame.origin, size) : frame);
+    setClipsToBounds(true);
+    _moment = NSDate::now().sinceReferenceDate();
+    _content = UIView::withFrame({{}, size});
+    addSubview(_content);
+    buildWheels();
+}
+
+void DatePicker::layoutSubviews() {
+    super<"layoutSubviews">();
+    const CGSize own = bounds().size;
+    _content.setFrame({{(own.width - size.width) / 2, (own.height - size.height) / 2}, size});
+}
+
+void DatePicker::stateChanged() {
+    super<"_stateChanged">();
+    _content.setUserInteractionEnabled(isEnabled());
+    _content.setAlpha(isEnabled() ? 1 : disabledAlpha);
+}
+
+// The wheels
+
+void DatePicker::setMode(UIDatePickerMode mode) {
+    if (mode != _mode) {
+        _mode = mode;
+        buildWheels();
+    }
+}
+
+void DatePicker::buildWheels() {
+    for (const Wheel& old : _wheels) {
+        old.view->setTurned(nullptr);
+    }
+    _wheels.clear();
+    for (const auto& view : _content.subviews()) {
+        objc::as<UIView>(view).removeFromSuperview();
+    }
+    const CalendarFields fields = calendarFields(_moment);
+    const std::vector<DateWheel> wheels = dateWheels(_mode);
+    CGFloat x = size.width;
+    for (const DateWheel& wheel : wheels) {
+        x -= wheel.width;
+    }
+    x /= 2;
+    for (const DateWheel& wheel : wheels) {
+        const auto view = objc::make<objc::Ref<PickerWheel>, "initWithFrame:">(CGRect(x, 0, wheel.width, size.height));
+        x += wheel.width;
+        view->setAccessibilityIdentifier(NSString::utf8(wheel.name));
+        view->show(wheel.rows, wheelRow(wheel.unit, fields));
+        view->setTurned([this, unit = wheel.unit](long row) { turned(unit, row); });
+        _content.addSubview(objc::as<UIView>(view));
+        _wheels.push_back({wheel.unit, view});
+    }
+    for (const CGFloat side : {-1, 1}) {
+        const auto line =
+            UIView::withFrame({0, (size.height + side * wheelRowHeight - hairline) / 2, size.width, hairline});
+        line.setBackgroundColor(separatorColor());
+        line.setUserInteractionEnabled(false);
+        _content.addSubview(line);
+    }
+}
+
+void DatePicker::show(bool animated) {
+    const CalendarFields fields = calendarFields(_moment);
+    for (const Wheel& wheel : _wheels) {
+        wheel.view->turnTo(wheelRow(wheel.unit, fields), animated);
+    }
+}
+
+void DatePicker::turned(DateUnit unit, long row) {
+    const objc::Keep kept(raw());
+    _moment = limited(momentOf(turnedTo(unit, row, calendarFields(_moment))));
+    show(true);
+    sendActions(UIControlEventValueChanged);
+}
+
+// The date
+
+NSDate DatePicker::date() { return NSDate::withSinceReferenceDate(_moment); }
+
+void DatePicker::setDate(const NSDate& date) { UIDatePicker::setDate(date, false); }
+
+void DatePicker::setDateAnimated(const NSDate& date, bool animated) {
+    if (date) {
+        _moment = limited(date.sinceReferenceDate());
+        show(animated);
+    }
+}
+
+void DatePicker::setMinimumDate(const NSDate& date) {
+    _minimum = date;
+    setDateAnimated(this->date(), false);
+}
+
+void DatePicker::setMaximumDate(const NSDate& date) {
+    _maximum = date;
+    setDateAnimated(this->date(), false);
+}
+
+/// A limit is taken as it is, with its seconds.
+NSTimeInterval DatePicker::limited(NSTimeInterval moment) const {
+    constexpr NSTimeInterval endless = std::numeric_limits<NSTimeInterval>::infinity();
+    const NSTimeInterval least = _minimum ? _minimum.sinceReferenceDate() : -endless;
+    const NSTimeInterval most = _maximum ? _maximum.sinceReferenceDate() : endless;
+    return least > most ? moment : std::clamp(moment, least, most);
+}
+
+} // namespace phone

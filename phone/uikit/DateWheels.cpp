@@ -1,0 +1,223 @@
+#include "phone/uikit/DateWheels.h"
+
+#include "phone/device/Settings.h"
+#include "phone/foundation/Text.h"
+#include "phone/uikit/SystemWords.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace phone {
+
+namespace {
+
+using Alignment = WheelRows::Alignment;
+
+constexpr int hoursInHalfDay = 12;
+// The first whole year of the Gregorian calendar, and the last with four digits.
+constexpr int firstYear = 1583;
+constexpr int lastYear = 9999;
+
+struct NSLocale : NSObject {
+    static constexpr auto objc_name = "NSLocale";
+    using NSObject::NSObject;
+    static NSLocale current() { return objc::sendClass<NSLocale, "currentLocale", NSLocale>(); }
+};
+
+struct NSDateFormatter : NSObject {
+    static constexpr auto objc_name = "NSDateFormatter";
+    using NSObject::NSObject;
+    /// The region's way to write these fields.
+    static std::string pattern(const char* fields) {
+        return text(objc::sendClass<NSDateFormatter, "dateFormatFromTemplate:options:locale:", NSString>(
+            string(fields), objc::UInt(0), NSLocale::current()));
+    }
+};
+
+/// Writes one part of a date in the phone's language.
+class Writer {
+public:
+    explicit Writer(const std::string& pattern) : _formatter(objc::make<NSDateFormatter>()) {
+        _formatter.send<"setLocale:">(NSLocale::current());
+        _formatter.send<"setDateFormat:">(string(pattern));
+    }
+
+    std::string operator()(CalendarFields fields) const {
+        fields.hour = 12; // there is a noon on every day
+        const auto date = NSDate::withSinceReferenceDate(momentOf(fields));
+        return text(_formatter.send<"stringFromDate:", NSString>(date));
+    }
+
+private:
+    NSDateFormatter _formatter;
+};
+
+/// The pattern without what stands in quotes.
+std::string unquoted(const std::string& pattern) {
+    std::string rest;
+    bool quoted = false;
+    for (const char c : pattern) {
+        if (c == '\'') {
+            quoted = !quoted;
+        } else if (!quoted) {
+            rest += c;
+        }
+    }
+    return rest;
+}
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool hasTwelveHours() { return unquoted(NSDateFormatter::pattern("j")).find('a') != std::string::npos; }
+
+/// The field's part of a pattern with what belongs to it: "d." of "d. MMMM y", "y年" of "y年M月d日".
+std::string part(const std::string& pattern, char field) {
+    std::size_t at = pattern.find(field);
+    std::string found;
+    for (; at < pattern.size() && pattern[at] == field; ++at) {
+        found += field;
+    }
+    for (; at < pattern.size() && pattern[at] != ' ' && pattern[at] != ',' && !isLetter(pattern[at]); ++at) {
+        found += pattern[at];
+    }
+    return found;
+}
+
+std::string twoDigits(long number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+DateWheel dayWheel(CGFloat width) {
+    std::string pattern = NSDateFormatter::pattern("EEEMMMd");
+    std::erase(pattern, ',');
+    const auto title = [write = Writer(pattern)](long row) {
+        if (row == dayNumber(calendarFields(NSDate::now().sinceReferenceDate()))) {
+            return text(todayWord());
+        }
+        return write(onDay(row, {}));
+    };
+    const long first = dayNumber({firstYear, 1, 1});
+    const long last = dayNumber({lastYear, 12, 31});
+    return {DateUnit::Day, "day", width, {first, last - first + 1, false, Alignment::Right, title}};
+}
+
+DateWheel hourWheel(bool twelve, CGFloat width) {
+    const auto title = [twelve](long row) {
+        if (!twelve) {
+            return twoDigits(row);
+        }
+        const long hour = row % hoursInHalfDay;
+        return std::to_string(hour == 0 ? hoursInHalfDay : hour);
+    };
+    return {DateUnit::Hour, "hour", width, {0, 24, true, Alignment::Right, title}};
+}
+
+DateWheel minuteWheel(CGFloat width) {
+    return {DateUnit::Minute, "minute", width, {0, 60, true, Alignment::Center, twoDigits}};
+}
+
+DateWheel periodWheel(CGFloat width) {
+    const auto title = [write = NSDateFormatter(objc::make<NSDateFormatter>())](long row) {
+        return text(row == 0 ? write.send<"AMSymbol", NSString>() : write.send<"PMSymbol", NSString>());
+    };
+    return {DateUnit::Period, "period", width, {0, 2, false, Alignment::Left, title}};
+}
+
+DateWheel dayOfMonthWheel(const std::string& pattern) {
+    const auto title = [write = Writer(part(pattern, 'd'))](long row) {
+        return write({1970, 1, static_cast<int>(row)}); // January has all of them
+    };
+    return {DateUnit::DayOfMonth, "dayOfMonth", 54, {1, 31, true, Alignment::Right, title}};
+}
+
+DateWheel monthWheel() {
+    const auto title = [write = Writer("LLLL")](long row) { return write({1970, static_cast<int>(row), 1}); };
+    return {DateUnit::Month, "month", 142, {1, 12, true, Alignment::Left, title}};
+}
+
+DateWheel yearWheel(const std::string& pattern) {
+    const auto title = [write = Writer(part(pattern, 'y'))](long row) { return write({static_cast<int>(row), 1, 1}); };
+    return {DateUnit::Year, "year", 82, {firstYear, lastYear - firstYear + 1, false, Alignment::Left, title}};
+}
+
+/// Day, month and year in the region's order.
+std::vector<DateWheel> wheelsOfDate() {
+    const std::string pattern = unquoted(NSDateFormatter::pattern("yMMMMd"));
+    std::vector<std::pair<std::size_t, DateWheel>> found = {{pattern.find('d'), dayOfMonthWheel(pattern)},
+                                                            {pattern.find_first_of("ML"), monthWheel()},
+                                                            {pattern.find('y'), yearWheel(pattern)}};
+    std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<DateWheel> wheels;
+    for (auto& [place, wheel] : found) {
+        wheels.push_back(std::move(wheel));
+    }
+    return wheels;
+}
+
+} // namespace
+
+std::vector<DateWheel> dateWheels(UIDatePickerMode mode) {
+    if (mode == UIDatePickerMode::Date) {
+        return wheelsOfDate();
+    }
+    const bool twelve = hasTwelveHours();
+    std::vector<DateWheel> wheels;
+    if (mode == UIDatePickerMode::DateAndTime) {
+        wheels.push_back(dayWheel(twelve ? 142 : 190));
+    }
+    wheels.push_back(hourWheel(twelve, 44));
+    wheels.push_back(minuteWheel(52));
+    if (twelve) {
+        wheels.push_back(periodWheel(52));
+    }
+    return wheels;
+}
+
+long wheelRow(DateUnit unit, const CalendarFields& fields) {
+    switch (unit) {
+    case DateUnit::Day:
+        return dayNumber(fields);
+    case DateUnit::Hour:
+        return fields.hour;
+    case DateUnit::Minute:
+        return fields.minute;
+    case DateUnit::Period:
+        return fields.hour / hoursInHalfDay;
+    case DateUnit::DayOfMonth:
+        return fields.day;
+    case DateUnit::Month:
+        return fields.month;
+    case DateUnit::Year:
+        return fields.year;
+    }
+    return 0;
+}
+
+CalendarFields turnedTo(DateUnit unit, long row, CalendarFields fields) {
+    const int value = static_cast<int>(row);
+    switch (unit) {
+    case DateUnit::Day:
+        return onDay(row, fields);
+    case DateUnit::Hour:
+        fields.hour = value;
+        break;
+    case DateUnit::Minute:
+        fields.minute = value;
+        break;
+    case DateUnit::Period:
+        fields.hour = fields.hour % hoursInHalfDay + hoursInHalfDay * value;
+        break;
+    case DateUnit::DayOfMonth:
+        fields.day = value;
+        break;
+    case DateUnit::Month:
+        fields.month = value;
+        break;
+    case DateUnit::Year:
+        fields.year = value;
+        break;
+    }
+    fields.day = std::min(fields.day, daysInMonth(fields.year, fields.month));
+    return fields;
+}
+
+} // namespace phone

@@ -1,0 +1,20 @@
+/// The numbers of EventKit.
+#pragma once
+
+#include "platform/objc/Runtime.h"
+
+/// `EKEntityType`: what a calendar holds, and what access is asked for.
+enum class EKEntityType : objc::UInt { Event = 0, Reminder = 1 };
+
+/// `EKAuthorizationStatus`
+enum class EKAuthorizationStatus : objc::Int { NotDetermined = 0, Restricted = 1, Denied = 2, Authorized = 3 };
+
+/// `EKErrorCode`, those that the phone gives.
+enum class EKErrorCode : objc::Int {
+    NoCalendar = 1,
+    NoStartDate = 2,
+    InternalFailure = 5,
+    CalendarReadOnly = 6,
+    CalendarDoesNotAllowReminders = 23,
+    PriorityIsInvalid = 26,
+};

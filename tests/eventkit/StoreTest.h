@@ -1,0 +1,59 @@
+/// The calendar store's classes without the library or the application.
+#pragma once
+
+#include "phone/foundation/Text.h"
+#include "platform/eventkit/EKEventStore.h"
+#include "tests/phone/PhoneTest.h"
+
+#include <optional>
+#include <string>
+
+class StoreTest : public PhoneTest {
+protected:
+    StoreTest() { useClassesOnly(); }
+
+    /// A store that may do everything with reminders.
+    EKEventStore allowedStore() {
+        useReminders(phone::Access::Allow);
+        return store();
+    }
+    EKEventStore store() {
+        boot();
+        return EKEventStore::make();
+    }
+    /// In the default list, with a title.
+    static EKReminder reminder(const EKEventStore& store, const NSString& title = "Milk"_ns) {
+        const auto made = EKReminder::withEventStore(store);
+        made.setCalendar(store.defaultCalendarForNewReminders());
+        made.setTitle(title);
+        return made;
+    }
+    /// A day in May 2026.
+    static NSDateComponents may(int day, int hour) {
+        const auto components = NSDateComponents::make();
+        components.setYear(2026);
+        components.setMonth(5);
+        components.setDay(day);
+        components.setHour(hour);
+        components.setMinute(30);
+        return components;
+    }
+    /// The code of the error with which saving fails; nullopt when it does not fail.
+    static std::optional<long> failure(const EKEventStore& store, const EKReminder& reminder) {
+        NSError error;
+        if (store.saveReminder(reminder, true, &error)) {
+            EXPECT_FALSE(error);
+            return std::nullopt;
+        }
+        EXPECT_TRUE(error);
+        EXPECT_NE(phone::text(error.localizedDescription()), "");
+        return error.code();
+    }
+    static std::vector<std::string> titles(const NSArray& calendars) {
+        std::vector<std::string> all;
+        for (const NSObject& calendar : calendars) {
+            all.push_back(phone::text(objc::as<EKCalendar>(calendar).title()));
+        }
+        return all;
+    }
+};

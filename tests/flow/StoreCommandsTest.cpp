@@ -1,0 +1,158 @@
+#include "phone/eventkit/CalendarFolder.h"
+#include "phone/flow/InputError.h"
+#include "phone/flow/NewPhone.h"
+#include "phone/flow/Player.h"
+#include "phone/flow/Records.h"
+#include "tests/flow/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace phone;
+using testing::HasSubstr;
+
+namespace {
+
+/// Plays on an application that notes its commands and answers everything.
+class StoreCommandsTest : public testing::Test {
+protected:
+    StoreCommandsTest()
+        : reminders(folder.path("root"), EntityType::Reminder), events(folder.path("root"), EntityType::Event) {
+        options.executable =
+            folder.write("application", "#!/bin/sh\necho start >> " + folder.path("seen") +
+                                            "\nwhile read -r line <&3; do echo \"$line\" >> " + folder.path("seen") +
+                                            "; echo '{\"ok\":true}' >&3; done\n");
+        std::filesystem::permissions(options.executable, std::filesystem::perms::owner_all);
+        options.root = folder.path("root");
+        options.out = folder.path("out");
+    }
+    int play(const std::string& content) {
+        Player player(options);
+        testing::internal::CaptureStderr();
+        const int status = player.play({Flow::read(folder.write("flow.yaml", content))});
+        errors = testing::internal::GetCapturedStderr();
+        return status;
+    }
+    std::string complaint(const std::string& content) {
+        try {
+            Flow::read(folder.write("flow.yaml", content));
+            return "";
+        } catch (const InputError& error) {
+            return error.what();
+        }
+    }
+    void make(const Stores& stores) {
+        folder.write("stage/Library/Quorvan/a", "");
+        makePhone(options.root, folder.path("stage"), stores);
+    }
+
+    TemporaryFolder folder;
+    Player::Options options;
+    CalendarFolder reminders;
+    CalendarFolder events;
+    std::string errors;
+};
+
+} // namespace
+
+TEST_F(StoreCommandsTest, PermissionsAreSetWithoutAnApplication) {
+    EXPECT_EQ(play("- setPermissions: {reminders: deny, events: allow}\n"), 0);
+
+    EXPECT_EQ(reminders.access(), Access::Deny);
+    EXPECT_EQ(events.access(), Access::Allow);
+
+    EXPECT_EQ(play("- setPermissions: {events: ask}\n"), 0);
+    EXPECT_EQ(reminders.access(), Access::Deny);
+    EXPECT_EQ(events.access(), Access::Ask);
+}
+
+TEST_F(StoreCommandsTest, StoreAnswersGoToTheApplication) {
+    EXPECT_EQ(play("- launchApp\n- setStoreAnswers: early\n- setStoreAnswers: late\n"), 0);
+
+    EXPECT_THAT(folder.read("seen"), HasSubstr(R"("when":"early")"));
+    EXPECT_THAT(folder.read("seen"), HasSubstr(R"("when":"late")"));
+}
+
+TEST_F(StoreCommandsTest, StoreAnswersSetBeforeTheStartHoldForThatRunAlone) {
+    EXPECT_EQ(play("- setStoreAnswers: early\n- launchApp\n- stopApp\n- launchApp\n"), 0);
+
+    const std::string seen = folder.read("seen");
+    EXPECT_LT(seen.find("setStoreAnswers"), seen.rfind("start"));
+    EXPECT_EQ(seen.find("setStoreAnswers"), seen.rfind("setStoreAnswers"));
+}
+
+TEST_F(StoreCommandsTest, UnusableValuesAreRefused) {
+    EXPECT_THAT(complaint("- setPermissions: {reminders: perhaps}\n"), HasSubstr("not one of allow, deny, ask"));
+    EXPECT_THAT(complaint("- setPermissions: {notes: allow}\n"), HasSubstr("unknown key `notes`"));
+    EXPECT_THAT(complaint("- setStoreAnswers: soon\n"), HasSubstr("not one of late, early"));
+    EXPECT_THAT(complaint("- setStoreAnswers\n"), HasSubstr("needs something after it"));
+}
+
+TEST_F(StoreCommandsTest, ANewPhoneHasTheListsOfItsStores) {
+    Stores stores;
+    stores.reminders = {{"B"}, {"A", true}};
+    stores.reminderAccess = Access::Allow;
+    make(stores);
+
+    const auto lists = reminders.calendars();
+    ASSERT_EQ(lists.size(), 2u);
+    EXPECT_EQ(lists[0].title, "B");
+    EXPECT_TRUE(lists[1].isDefault);
+    EXPECT_EQ(reminders.access(), Access::Allow);
+    EXPECT_EQ(events.calendars().size(), 3u);
+    EXPECT_EQ(events.access(), Access::Ask);
+}
+
+TEST_F(StoreCommandsTest, RecordsShowRemindersInTheZone) {
+    make(Stores());
+    ReminderItem reminder;
+    reminder.id = newIdentifier();
+    reminder.title = "Milk";
+    reminder.priority = 5;
+    reminder.start = CalendarDate{2026, 5, 15, 8, 30, 0, false, ""};
+    reminder.due = CalendarDate{2026, 5, 16, 9, 0, 0, false, ""};
+    reminder.alarms = {{1778914800.0, 0}};
+    reminders.write(reminders.calendars()[1].id, reminder);
+    ReminderItem plain;
+    plain.id = newIdentifier();
+    reminders.write(reminders.calendars()[0].id, plain);
+
+    const auto all = records(options.root, "Europe/Berlin");
+
+    EXPECT_EQ(all["reminders"][0].dump(),
+              R"({"list":"Shopping","title":"Milk","priority":5,"start":"2026-05-15T08:30:00+02:00",)"
+              R"("due":"2026-05-16T09:00:00+02:00","alarms":["2026-05-16T09:00:00+02:00"]})");
+    EXPECT_EQ(all["reminders"][1].dump(),
+              R"({"list":"Tasks","title":"","priority":0,"start":null,"due":null,"alarms":[]})");
+    EXPECT_THAT(recordsTable(all), HasSubstr("Milk"));
+}
+
+// todoman is a calendar program that people use; it knows nothing of the phone.
+TEST_F(StoreCommandsTest, TodomanReadsWhatIsWritten) {
+    make(Stores());
+    ReminderItem reminder;
+    reminder.id = newIdentifier();
+    reminder.title = "Milk; bread, ü";
+    reminder.priority = 1;
+    reminder.created = reminder.modified = 1772721432;
+    reminder.start = CalendarDate{2026, 5, 15, 8, 30, 0, false, ""};
+    reminder.due = CalendarDate{2026, 5, 16, 9, 0, 0, false, ""};
+    reminder.alarms = {{1778922000.0, 0}};
+    reminders.write(reminders.calendars()[1].id, reminder);
+    folder.write("todoman.py", "path = \"" + options.root + CalendarFolder::devicePath +
+                                   "/reminders/*\"\ndate_format = \"%Y-%m-%d\"\ntime_format = \"%H:%M\"\n"
+                                   "cache_path = \"" +
+                                   folder.path("cache.sqlite3") + "\"\n");
+
+    const std::string command = "HOME=" + folder.path() + " TZ=UTC LC_ALL=C.UTF-8 todoman --config " +
+                                folder.path("todoman.py") + " --porcelain list > " + folder.path("todos") + " 2> " +
+                                folder.path("complaints");
+    ASSERT_EQ(std::system(command.c_str()), 0) << folder.read("complaints");
+
+    const auto todos = nlohmann::json::parse(folder.read("todos"));
+    ASSERT_EQ(todos.size(), 1u);
+    EXPECT_EQ(todos[0]["summary"], "Milk; bread, ü");
+    EXPECT_EQ(todos[0]["list"], "Shopping");
+    EXPECT_EQ(todos[0]["priority"], 1);
+    EXPECT_EQ(todos[0]["due"], 1778922000);
+}

@@ -1,0 +1,393 @@
+#include "platform/uikit/UIDatePicker.h"
+#include "tests/phone/ActionCounter.h"
+#include "tests/phone/PhoneTest.h"
+
+namespace {
+
+using Phase = phone::Screen::Phase;
+
+constexpr double row = 34;
+constexpr double middle = 208; // of the wheels on the screen: the picker stands at 100
+
+class DatePicker : public PhoneTest {
+protected:
+    void SetUp() override { useClassesOnly(); }
+
+    /// Everything before has to be set up first.
+    UIDatePicker& picker(CGRect frame = {0, 100, 320, 216}) {
+        if (!_picker) {
+            _screen = window();
+            _screen.setBackgroundColor(UIColor::white());
+            _picker = UIDatePicker::withFrame(frame);
+            _screen.addSubview(_picker);
+            _changes = countValueChanges(_picker);
+            advance(0); // lays it out
+        }
+        return _picker;
+    }
+    int changes() const { return _changes->number; }
+
+    std::string date() { return attribute(findClass("UIDatePicker"), "date"); }
+    pugi::xml_node wheel(const std::string& name) {
+        return tree().find_node([&](pugi::xml_node node) { return attribute(node, "id") == name; });
+    }
+    std::string shown(const std::string& name) { return attribute(wheel(name), "text"); }
+    std::vector<std::string> wheels() {
+        std::vector<std::string> names;
+        for (const auto& match : tree().select_nodes("//UIPickerTableView")) {
+            names.push_back(attribute(match.node(), "id"));
+        }
+        return names;
+    }
+    double middleOf(const std::string& name) {
+        const std::string place = attribute(wheel(name), "screen");
+        double x = 0;
+        double y = 0;
+        double width = 0;
+        std::istringstream(place) >> x >> y >> width;
+        return x + width / 2;
+    }
+    /// Drags the wheel: later rows lie below, so that the finger goes up for them.
+    void drag(const std::string& name, double rows) {
+        const double x = middleOf(name);
+        touch(Phase::Began, x, middle);
+        touch(Phase::Moved, x, middle - rows * row / 2);
+        touch(Phase::Moved, x, middle - rows * row);
+        touch(Phase::Ended, x, middle - rows * row);
+    }
+    void turn(const std::string& name, double rows) {
+        drag(name, rows);
+        settle();
+    }
+    static NSDate at(double unixSeconds) { return NSDate::withSinceReferenceDate(unixSeconds - 978307200); }
+
+private:
+    UIWindow _screen;
+    UIDatePicker _picker;
+    objc::Ref<ActionCounter> _changes;
+};
+
+using Names = std::vector<std::string>;
+
+constexpr double march5 = 1772721432; // 2026-03-05T14:37:12Z
+
+} // namespace
+
+TEST_F(DatePicker, OpensAtTheCurrentMomentWithItsSeconds) {
+    picker();
+
+    EXPECT_EQ(date(), "2026-03-05T14:37:12+00:00");
+    EXPECT_EQ(attribute(findClass("UIDatePicker"), "mode"), "dateAndTime");
+}
+
+TEST_F(DatePicker, KeepsTheFrameItIsGiven) {
+    picker({0, 67.5, 290, 216});
+
+    EXPECT_EQ(attribute(findClass("UIDatePicker"), "frame"), "0 67.5 290 216");
+    EXPECT_EQ(objc::make<UIDatePicker>().frame(), CGRect(0, 0, 320, 216));
+}
+
+TEST_F(DatePicker, StandsWithItsWheelsInTheMiddleOfANarrowerFrame) {
+    picker({0, 100, 290, 216});
+
+    EXPECT_EQ(attribute(findClass("UIDatePicker").first_child(), "frame"), "-15 0 320 216");
+}
+
+TEST_F(DatePicker, KeepsADateAsItIsSetUntilAWheelIsTurned) {
+    picker().setDate(at(march5 + 13));
+    EXPECT_EQ(date(), "2026-03-05T14:37:25+00:00");
+
+    turn("minute", 1);
+
+    EXPECT_EQ(date(), "2026-03-05T14:38:00+00:00");
+}
+
+TEST_F(DatePicker, KeepsTheDateWhenAWheelComesBackToItsRow) {
+    picker();
+
+    turn("minute", 0.4);
+
+    EXPECT_EQ(date(), "2026-03-05T14:37:12+00:00");
+    EXPECT_EQ(changes(), 0);
+}
+
+TEST_F(DatePicker, SendsNothingWhenCodeSetsTheDate) {
+    picker().setDate(at(march5 + 3600));
+    picker().setDate(at(march5 + 7200), true);
+    settle();
+
+    EXPECT_EQ(date(), "2026-03-05T16:37:12+00:00");
+    EXPECT_EQ(shown("hour"), "4");
+    EXPECT_EQ(changes(), 0);
+}
+
+TEST_F(DatePicker, SendsValueChangedWhenAWheelHasComeToRest) {
+    picker();
+
+    drag("hour", 2.3);
+    EXPECT_EQ(changes(), 0);
+    EXPECT_EQ(date(), "2026-03-05T14:37:12+00:00");
+    settle();
+
+    EXPECT_EQ(changes(), 1);
+    EXPECT_EQ(date(), "2026-03-05T16:37:00+00:00");
+}
+
+TEST_F(DatePicker, TurnsByTheRowsThatAFingerDrags) {
+    picker();
+
+    turn("day", 2);
+    turn("hour", -3);
+    turn("minute", 2.7);
+
+    EXPECT_EQ(date(), "2026-03-07T11:40:00+00:00");
+}
+
+TEST_F(DatePicker, TurnsToARowThatIsTapped) {
+    picker();
+
+    tap(middleOf("minute"), middle + row);
+    settle();
+    EXPECT_EQ(date(), "2026-03-05T14:38:00+00:00");
+    tap(middleOf("minute"), middle - 62); // two rows up, on the drum
+    settle();
+
+    EXPECT_EQ(date(), "2026-03-05T14:36:00+00:00");
+}
+
+TEST_F(DatePicker, StaysWhenItsChosenRowIsTapped) {
+    picker();
+
+    tap(middleOf("minute"), middle + 5);
+    settle();
+
+    EXPECT_EQ(date(), "2026-03-05T14:37:12+00:00");
+    EXPECT_EQ(changes(), 0);
+}
+
+TEST_F(DatePicker, LetsAFingerCatchAWheelThatTurns) {
+    picker();
+
+    drag("minute", 1.4);
+    advance(0.1);
+    turn("minute", 2);
+
+    EXPECT_EQ(date(), "2026-03-05T14:40:00+00:00");
+    EXPECT_EQ(changes(), 1);
+}
+
+TEST_F(DatePicker, GoesRoundOnHoursAndMinutes) {
+    picker().setDate(at(march5 + 22 * 60)); // 14:59
+
+    turn("minute", 1);
+
+    EXPECT_EQ(date(), "2026-03-05T14:00:00+00:00");
+    for (int i = 0; i < 4; ++i) {
+        turn("hour", 3);
+    }
+    EXPECT_EQ(date(), "2026-03-05T02:00:00+00:00");
+}
+
+TEST_F(DatePicker, NeverComesToTheEndOfARing) {
+    picker();
+
+    for (int i = 0; i < 300; ++i) {
+        drag("hour", 5);
+        advance(0.4);
+    }
+
+    EXPECT_EQ(changes(), 300);
+}
+
+TEST_F(DatePicker, ShowsTwelveHoursInAnAmericanRegion) {
+    picker();
+
+    EXPECT_EQ(wheels(), (Names{"day", "hour", "minute", "period"}));
+    EXPECT_EQ(shown("hour"), "2");
+    EXPECT_EQ(shown("minute"), "37");
+    EXPECT_EQ(shown("period"), "PM");
+}
+
+TEST_F(DatePicker, ShowsTwentyFourHoursInAGermanRegion) {
+    useLanguage("de");
+    picker();
+
+    EXPECT_EQ(wheels(), (Names{"day", "hour", "minute"}));
+    EXPECT_EQ(shown("hour"), "14");
+    EXPECT_EQ(shown("minute"), "37");
+}
+
+TEST_F(DatePicker, ShowsTwentyFourHoursInBritain) {
+    useLanguage("en-GB");
+    picker();
+
+    EXPECT_EQ(wheels(), (Names{"day", "hour", "minute"}));
+}
+
+TEST_F(DatePicker, TurnsTheHalfOfTheDayByItsOwnWheelAndByTheHours) {
+    picker();
+
+    turn("period", -1);
+    EXPECT_EQ(date(), "2026-03-05T02:37:00+00:00");
+    turn("hour", -3);
+
+    EXPECT_EQ(date(), "2026-03-05T23:37:00+00:00");
+    EXPECT_EQ(shown("period"), "PM");
+    EXPECT_EQ(shown("hour"), "11");
+}
+
+TEST_F(DatePicker, NamesTheCurrentDayToday) {
+    picker();
+
+    EXPECT_EQ(shown("day"), "Today");
+    turn("day", 1);
+
+    EXPECT_EQ(shown("day"), "Fri Mar 6");
+}
+
+TEST_F(DatePicker, NamesDaysInGerman) {
+    useLanguage("de");
+    picker();
+
+    EXPECT_EQ(shown("day"), "Heute");
+    turn("day", -1);
+
+    EXPECT_EQ(shown("day"), "Mi. 4. März");
+}
+
+TEST_F(DatePicker, ShowsMonthDayAndYearForDatesAlone) {
+    picker().setDatePickerMode(UIDatePickerMode::Date);
+
+    EXPECT_EQ(attribute(findClass("UIDatePicker"), "mode"), "date");
+    EXPECT_EQ(wheels(), (Names{"month", "dayOfMonth", "year"}));
+    EXPECT_EQ(shown("month"), "March");
+    EXPECT_EQ(shown("dayOfMonth"), "5");
+    EXPECT_EQ(shown("year"), "2026");
+}
+
+TEST_F(DatePicker, ShowsDayMonthAndYearInGerman) {
+    useLanguage("de");
+    picker().setDatePickerMode(UIDatePickerMode::Date);
+
+    EXPECT_EQ(wheels(), (Names{"dayOfMonth", "month", "year"}));
+    EXPECT_EQ(shown("month"), "März");
+    EXPECT_EQ(shown("dayOfMonth"), "5.");
+}
+
+TEST_F(DatePicker, KeepsHourAndMinuteWhenADateAloneIsTurned) {
+    picker().setDatePickerMode(UIDatePickerMode::Date);
+
+    turn("month", 2);
+    turn("dayOfMonth", 3);
+    turn("year", 1);
+
+    EXPECT_EQ(date(), "2027-05-08T14:37:00+00:00");
+}
+
+TEST_F(DatePicker, GoesBackToTheLastDayOfAShorterMonth) {
+    picker().setDate(at(march5 + 26 * 86400.0)); // 31 March
+    picker().setDatePickerMode(UIDatePickerMode::Date);
+
+    turn("month", -1);
+
+    EXPECT_EQ(date(), "2026-02-28T14:37:00+00:00");
+    EXPECT_EQ(shown("dayOfMonth"), "28");
+}
+
+TEST_F(DatePicker, ShowsHoursAndMinutesForTimesAlone) {
+    useLanguage("de");
+    picker().setDatePickerMode(UIDatePickerMode::Time);
+
+    EXPECT_EQ(attribute(findClass("UIDatePicker"), "mode"), "time");
+    EXPECT_EQ(wheels(), (Names{"hour", "minute"}));
+    turn("hour", 1);
+
+    EXPECT_EQ(date(), "2026-03-05T15:37:00+00:00");
+}
+
+TEST_F(DatePicker, KeepsTheSecondsOfAMinimum) {
+    picker().setMinimumDate(at(march5));
+
+    turn("day", -1);
+
+    EXPECT_EQ(date(), "2026-03-05T14:37:12+00:00");
+    EXPECT_EQ(shown("day"), "Today");
+    EXPECT_EQ(changes(), 1);
+}
+
+TEST_F(DatePicker, MovesADateBelowTheMinimumUpToIt) {
+    picker().setMinimumDate(at(march5 + 100));
+
+    EXPECT_EQ(date(), "2026-03-05T14:38:52+00:00");
+    picker().setDate(at(march5));
+
+    EXPECT_EQ(date(), "2026-03-05T14:38:52+00:00");
+    EXPECT_EQ(changes(), 0);
+}
+
+TEST_F(DatePicker, IgnoresLimitsThatExcludeEachOther) {
+    picker().setMinimumDate(at(march5 + 1000));
+    picker().setMaximumDate(at(march5 - 1000));
+    picker().setDate(at(march5));
+
+    EXPECT_EQ(date(), "2026-03-05T14:37:12+00:00");
+}
+
+TEST_F(DatePicker, StaysBelowItsMaximum) {
+    picker().setMaximumDate(at(march5 + 60));
+
+    turn("hour", 1);
+
+    EXPECT_EQ(date(), "2026-03-05T14:38:12+00:00");
+}
+
+TEST_F(DatePicker, KeepsTheTimeOfDayWhenADayWithSummerTimeIsReached) {
+    useZone("Europe/Berlin");
+    picker().setDate(at(1774659600)); // 2026-03-28T02:00:00+01:00
+
+    turn("hour", 1);
+    EXPECT_EQ(date(), "2026-03-28T03:00:00+01:00");
+    turn("day", 1);
+
+    EXPECT_EQ(date(), "2026-03-29T03:00:00+02:00");
+}
+
+TEST_F(DatePicker, PassesOverTheHourThatClocksSkip) {
+    useZone("Europe/Berlin");
+    picker().setDate(at(1774661400)); // 2026-03-28T02:30:00+01:00
+
+    turn("day", 1);
+
+    EXPECT_EQ(date(), "2026-03-29T03:30:00+02:00");
+    EXPECT_EQ(shown("hour"), "3");
+}
+
+TEST_F(DatePicker, TakesTheFirstOfTheHourThatComesTwice) {
+    useZone("Europe/Berlin");
+    picker().setDate(at(1792801800)); // 2026-10-24T02:30:00+02:00
+
+    turn("day", 1);
+
+    EXPECT_EQ(date(), "2026-10-25T02:30:00+02:00");
+}
+
+TEST_F(DatePicker, TakesNoTouchWhileDisabled) {
+    picker().setEnabled(false);
+
+    turn("minute", 2);
+
+    EXPECT_EQ(date(), "2026-03-05T14:37:12+00:00");
+}
+
+TEST_F(DatePicker, MayGoAwayWhileAWheelTurns) {
+    picker();
+    drag("minute", 2.3);
+
+    run([&] {
+        picker().removeFromSuperview();
+        picker() = nullptr;
+    });
+    settle();
+
+    EXPECT_EQ(countClass("UIDatePicker"), 0);
+}
