@@ -121,6 +121,8 @@ void AccessRequests::answer(Request request) {
     });
     thread.join();
     if (escaped.object) {
+        // Raising keeps nothing alive: the pool does, until the exception has been caught.
+        objc::detail::call<id>(objc::Object(escaped.object).relinquish(), objc::selector<"autorelease">());
         escaped.object.send<"raise">();
     } else if (escaped.other) {
         std::rethrow_exception(escaped.other);

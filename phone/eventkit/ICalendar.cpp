@@ -1,8 +1,10 @@
 #include "phone/eventkit/ICalendar.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <ctime>
+#include <sstream>
 
 namespace phone {
 
@@ -10,9 +12,7 @@ namespace {
 
 constexpr const char* producer = "-//Quorvan//Phone//EN";
 
-/// A zone's rules under its plain name, as all programs know it.
 icaltimezone* zoneNamed(const std::string& name) {
-    icaltimezone_set_tzid_prefix("");
     return name == "UTC" || name == "GMT" ? icaltimezone_get_utc_timezone()
                                           : icaltimezone_get_builtin_timezone(name.c_str());
 }
@@ -44,6 +44,60 @@ void replace(icalcomponent* in, icalproperty* property) {
     icalcomponent_add_property(in, property);
 }
 
+/// The zone's rules under its plain name, as all programs know it, unless they are there.
+void addZone(icalcomponent* calendar, icaltimezone* zone, const std::string& name) {
+    if (icalcomponent_get_timezone(calendar, name.c_str()) != nullptr) {
+        return;
+    }
+    icalcomponent* rules = icalcomponent_new_clone(icaltimezone_get_component(zone));
+    replace(rules, icalproperty_new_tzid(name.c_str()));
+    icalcomponent_add_component(calendar, rules);
+}
+
+/// The line as it was before it was folded.
+std::string unfolded(const std::string& text) {
+    std::string whole;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '\r') {
+            continue; // the line's end is its line feed
+        }
+        const bool isFold = text[at] == '\n' && at + 1 < text.size() && (text[at + 1] == ' ' || text[at + 1] == '\t');
+        if (isFold) {
+            ++at;
+        } else {
+            whole += text[at];
+        }
+    }
+    return whole;
+}
+
+/// libical drops blanks at either end of a value, but not what it reads as one.
+std::string withBlanksKept(const std::string& text) {
+    std::istringstream lines(unfolded(text));
+    std::string kept;
+    for (std::string line; std::getline(lines, line);) {
+        const bool isText =
+            line.starts_with("SUMMARY") || line.starts_with("DESCRIPTION") || line.starts_with("LOCATION");
+        const std::size_t colon = isText ? line.find(':') : std::string::npos;
+        if (colon == std::string::npos) {
+            kept += line + "\n";
+            continue;
+        }
+        const std::size_t first = std::min(line.find_first_not_of(' ', colon + 1), line.size());
+        const std::size_t last = std::max(line.find_last_not_of(' ') + 1, first);
+        const auto escaped = [](std::size_t count) {
+            std::string blanks;
+            while (count-- > 0) {
+                blanks += "\\_"; // which it reads as a blank
+            }
+            return blanks;
+        };
+        kept += line.substr(0, colon + 1) + escaped(first - colon - 1) + line.substr(first, last - first) +
+                escaped(line.size() - last) + "\n";
+    }
+    return kept;
+}
+
 } // namespace
 
 double momentOf(const CalendarDate& date, const std::string& localZone) {
@@ -64,7 +118,7 @@ Component calendar() {
 
 Component parse(const std::string& text) {
     icalerror_set_errors_are_fatal(0); // a broken file is nothing to die of
-    return Component(icalparser_parse_string(text.c_str()));
+    return Component(icalparser_parse_string(withBlanksKept(text).c_str()));
 }
 
 std::string text(const Component& component) {
@@ -106,11 +160,8 @@ void setDate(icalcomponent* calendar, icalcomponent* in, icalproperty_kind kind,
     if (zone == icaltimezone_get_utc_timezone()) {
         icaltime_set_timezone(&time, zone);
     } else if (zone != nullptr) {
-        const char* id = icaltimezone_get_tzid(zone);
-        icalproperty_add_parameter(property, icalparameter_new_tzid(id));
-        if (icalcomponent_get_timezone(calendar, id) == nullptr) {
-            icalcomponent_add_component(calendar, icalcomponent_new_clone(icaltimezone_get_component(zone)));
-        }
+        icalproperty_add_parameter(property, icalparameter_new_tzid(date.zone.c_str()));
+        addZone(calendar, zone, date.zone);
     }
     icalproperty_set_value(property, date.isDay ? icalvalue_new_date(time) : icalvalue_new_datetime(time));
     if (date.isDay) {
@@ -135,7 +186,8 @@ std::optional<CalendarDate> dateIn(icalcomponent* in, icalproperty_kind kind) {
     } else if (icalparameter* id = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER)) {
         // A zone that only the file itself describes is taken as local time.
         const std::string name = icalparameter_get_tzid(id);
-        date.zone = zoneNamed(name) == nullptr ? "" : name;
+        icaltimezone* zone = icaltimezone_get_builtin_timezone_from_tzid(name.c_str());
+        date.zone = zoneNamed(name) != nullptr ? name : zone == nullptr ? "" : icaltimezone_get_location(zone);
     }
     return date;
 }

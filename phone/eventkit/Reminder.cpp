@@ -16,7 +16,7 @@ NSDateComponents checkedCopy(const NSDateComponents& components) {
     if (calendar && !calendar.calendarIdentifier().isEqualToString(objc::borrow<NSString>(NSGregorianCalendar))) {
         raise("NSInvalidArgumentException", "Date components of a reminder must be nil or in the Gregorian calendar");
     }
-    return components.send<"copy", NSDateComponents>();
+    return copyOf(components);
 }
 
 std::optional<CalendarDate> optionalDate(const NSDateComponents& components) {

@@ -47,11 +47,10 @@ TEST_F(ReminderTest, TheDefaultListIsNilWhereNoneIsTheDefault) {
     EXPECT_EQ(failure(store, reminder(store)), 1);
 }
 
-TEST_F(ReminderTest, ACalendarFollowsNeitherCodingNorCopying) {
+TEST_F(ReminderTest, ACalendarIsNeitherADictionarysKeyNorAPropertyList) {
     const auto list = allowedStore().defaultCalendarForNewReminders();
 
     EXPECT_FALSE(objc::responds<"copyWithZone:">(list));
-    EXPECT_FALSE(objc::responds<"encodeWithCoder:">(list));
     EXPECT_FALSE(
         (NSArray::of(list).send<"writeToFile:atomically:", bool>("/Library/Quorvan/RemindersID.plist"_ns, true)));
     EXPECT_FALSE(exists("/Library/Quorvan/RemindersID.plist"));
