@@ -56,10 +56,6 @@ int makeNew(const Given& given) {
     const Stores stores = given.stores.empty() ? Stores{} : Stores::read(given.stores);
     const fs::path stage = fs::read_symlink("/proc/self/exe").parent_path() / "stage";
     makePhone(fs::absolute(given.root), stage, stores);
-    if (stores.saysCalendars) {
-        std::fprintf(stderr, "%s: reminders and events are checked, but this phone has no stores for them yet\n",
-                     given.stores.c_str());
-    }
     return EXIT_SUCCESS;
 }
 

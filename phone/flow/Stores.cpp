@@ -89,7 +89,6 @@ Stores Stores::read(const std::string& file) {
         if (!part) {
             return;
         }
-        stores.saysCalendars = true;
         const YamlMap partKeys = part->map(name, {"access", list});
         if (const auto given = partKeys.find("access")) {
             permission = access(*given);

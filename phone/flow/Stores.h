@@ -16,7 +16,6 @@ struct Stores {
     std::vector<CalendarStore> reminders = {{"Tasks", true}, {"Shopping"}, {"Work"}};
     Access eventAccess = Access::Ask;
     std::vector<CalendarStore> events = {{"Home", true}, {"Work"}, {"Holidays", false, true}};
-    bool saysCalendars = false; // whether the file has `reminders` or `events`
 
     /// What the file leaves out keeps its default. Throws InputError for anything that it may not say.
     static Stores read(const std::string& file);

@@ -37,7 +37,6 @@ TEST(Stores, KeepTheirDefaultsWhereTheFileSaysNothing) {
     EXPECT_TRUE(given.events[2].isReadOnly);
     EXPECT_EQ(given.eventAccess, Access::Deny);
     EXPECT_EQ(given.reminderAccess, Access::Ask);
-    EXPECT_TRUE(given.saysCalendars);
 }
 
 TEST(Stores, TakeTheFilesOrderAndMayBeEmptyOrWithoutADefault) {
