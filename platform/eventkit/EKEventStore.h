@@ -6,6 +6,7 @@
 #include "platform/foundation/NSArray.h"
 #include "platform/foundation/NSError.h"
 
+class EKEvent;
 class EKReminder;
 
 class EKEventStore : public NSObject {
@@ -37,6 +38,8 @@ public:
 
     /// False with an error when it cannot be saved; without `commit` it waits for `commit`.
     bool saveReminder(const EKReminder& reminder, bool commit, NSError* error = nullptr) const;
+    /// The same for an event; false without an error when nothing in it has changed.
+    bool saveEvent(const EKEvent& event, EKSpan span, bool commit, NSError* error = nullptr) const;
     /// Writes what was saved without commit; true when there was nothing to write.
     bool commit(NSError* error = nullptr) const;
     /// Forgets what was not committed.
@@ -61,8 +64,13 @@ private:
     };
 };
 
+#include "platform/eventkit/EKEvent.h"
 #include "platform/eventkit/EKReminder.h"
 
+inline bool EKEventStore::saveEvent(const EKEvent& event, EKSpan span, bool commit, NSError* error) const {
+    ErrorOut out(error);
+    return send<"saveEvent:span:commit:error:", bool>(event, span, commit, out.place());
+}
 inline bool EKEventStore::saveReminder(const EKReminder& reminder, bool commit, NSError* error) const {
     ErrorOut out(error);
     return send<"saveReminder:commit:error:", bool>(reminder, commit, out.place());
