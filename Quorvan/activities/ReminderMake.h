@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Quorvan/activities/ShareActivity.h"
+#include "Quorvan/reminder/ReminderController.h"
 
 namespace quorvan {
 
@@ -11,6 +12,7 @@ public:
     static constexpr auto titleKey = "Reminder";
     static constexpr auto type = "com.tovesk.remindermake";
     static constexpr auto image = "Reminders.png";
+    using Compose = ReminderController;
 };
 
 } // namespace quorvan

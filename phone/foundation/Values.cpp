@@ -1,8 +1,10 @@
 #include "phone/foundation/Values.h"
 
 #include "phone/foundation/Correct.h"
+#include "platform/foundation/NSCharacterSet.h"
 #include "platform/foundation/NSIndexPath.h"
 #include "platform/foundation/NSNumber.h"
+#include "platform/foundation/NSString.h"
 
 namespace phone {
 
@@ -29,6 +31,12 @@ id valueWithCGRect(id cls, SEL, CGRect rect) {
 
 CGRect rectValue(id self, SEL) { return objc::detail::call<CGRect>(self, objc::selector<"rectValue">()); }
 
+/// GNUstep's own leaves out the separators of lines and paragraphs.
+id newlineCharacterSet(id cls, SEL) {
+    const auto newlines = "\n\v\f\r\u0085\u2028\u2029"_ns;
+    return objc::detail::call<id>(cls, objc::selector<"characterSetWithCharactersInString:">(), newlines.raw());
+}
+
 } // namespace
 
 void installValues() {
@@ -40,6 +48,8 @@ void installValues() {
     const Class value = objc::classOf<NSValue>();
     extendClass<"valueWithCGRect:">(value, &valueWithCGRect);
     extend<"CGRectValue">(value, &rectValue);
+
+    correctClass<"newlineCharacterSet">(objc::classOf<NSCharacterSet>(), &newlineCharacterSet);
 }
 
 } // namespace phone

@@ -1,3 +1,4 @@
+#include "platform/foundation/NSCharacterSet.h"
 #include "tests/foundation/FoundationTest.h"
 
 namespace phone {
@@ -13,6 +14,15 @@ TEST_F(StringTest, IsTrueForAYesATrueOrADigitThatIsNotZero) {
     for (const char* no : {"", "0", "no", "on", "0.5", "-0", "off", " ", "x1"}) {
         EXPECT_FALSE(string(no).boolValue()) << no;
     }
+}
+
+TEST_F(StringTest, BreaksItsLinesWhereverUnicodeDoes) {
+    for (const char* newline : {"\n", "\v", "\f", "\r", "\u0085", "\u2028", "\u2029"}) {
+        const auto found =
+            string((std::string("ab") + newline).c_str()).rangeOfCharacterFromSet(NSCharacterSet::newlines());
+        EXPECT_EQ(found.location, 2U) << testing::PrintToString(newline);
+    }
+    EXPECT_EQ(string("a\tb c").rangeOfCharacterFromSet(NSCharacterSet::newlines()).location, NSNotFound);
 }
 
 } // namespace
