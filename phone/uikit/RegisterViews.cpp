@@ -3,6 +3,7 @@
 #include "phone/uikit/Event.h"
 #include "phone/uikit/Layer.h"
 #include "phone/uikit/MainScreen.h"
+#include "phone/uikit/MainThreadRelease.h"
 #include "phone/uikit/Register.h"
 #include "phone/uikit/TapGestureRecognizer.h"
 #include "phone/uikit/Touch.h"
@@ -13,6 +14,7 @@ namespace phone {
 void registerViewClasses() {
     Layer::definedClass();
     Responder::definedClass();
+    releaseRespondersOnMainThread();
     View::definedClass();
     Window::definedClass();
     Application::definedClass();

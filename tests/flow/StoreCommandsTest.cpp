@@ -126,33 +126,3 @@ TEST_F(StoreCommandsTest, RecordsShowRemindersInTheZone) {
               R"({"list":"Tasks","title":"","priority":0,"start":null,"due":null,"alarms":[]})");
     EXPECT_THAT(recordsTable(all), HasSubstr("Milk"));
 }
-
-// todoman is a calendar program that people use; it knows nothing of the phone.
-TEST_F(StoreCommandsTest, TodomanReadsWhatIsWritten) {
-    make(Stores());
-    ReminderItem reminder;
-    reminder.id = newIdentifier();
-    reminder.title = "Milk; bread, ü";
-    reminder.priority = 1;
-    reminder.created = reminder.modified = 1772721432;
-    reminder.start = CalendarDate{2026, 5, 15, 8, 30, 0, false, ""};
-    reminder.due = CalendarDate{2026, 5, 16, 9, 0, 0, false, ""};
-    reminder.alarms = {{1778922000.0, 0}};
-    reminders.write(reminders.calendars()[1].id, reminder);
-    folder.write("todoman.py", "path = \"" + options.root + CalendarFolder::devicePath +
-                                   "/reminders/*\"\ndate_format = \"%Y-%m-%d\"\ntime_format = \"%H:%M\"\n"
-                                   "cache_path = \"" +
-                                   folder.path("cache.sqlite3") + "\"\n");
-
-    const std::string command = "HOME=" + folder.path() + " TZ=UTC LC_ALL=C.UTF-8 todoman --config " +
-                                folder.path("todoman.py") + " --porcelain list > " + folder.path("todos") + " 2> " +
-                                folder.path("complaints");
-    ASSERT_EQ(std::system(command.c_str()), 0) << folder.read("complaints");
-
-    const auto todos = nlohmann::json::parse(folder.read("todos"));
-    ASSERT_EQ(todos.size(), 1u);
-    EXPECT_EQ(todos[0]["summary"], "Milk; bread, ü");
-    EXPECT_EQ(todos[0]["list"], "Shopping");
-    EXPECT_EQ(todos[0]["priority"], 1);
-    EXPECT_EQ(todos[0]["due"], 1778922000);
-}

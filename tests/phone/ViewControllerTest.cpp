@@ -1,6 +1,8 @@
 #include "tests/phone/PhoneTest.h"
 #include "tests/phone/Probe.h"
 
+#include <thread>
+
 using Lines = std::vector<std::string>;
 
 class ViewController : public PhoneTest {
@@ -150,4 +152,18 @@ TEST_F(ViewController, AnswersTheRotationCallbacksOfAllItsGenerations) {
     EXPECT_TRUE(objc::responds<"didRotateFromInterfaceOrientation:">(controller));
     EXPECT_TRUE(objc::responds<"shouldAutorotate">(controller));
     EXPECT_TRUE(objc::responds<"supportedInterfaceOrientations">(controller));
+}
+
+TEST_F(ViewController, HeldLastByAnotherThreadEndsOnTheMainThread) {
+    boot();
+    auto controller = Probe::with("a");
+    const UIView view = controller.view();
+    takeProbed();
+
+    run([&] {
+        std::thread([held = std::move(controller)]() mutable { held = nullptr; }).join();
+        EXPECT_EQ(takeProbed(), Lines{});
+    });
+
+    EXPECT_EQ(takeProbed(), Lines{"a dealloc"});
 }

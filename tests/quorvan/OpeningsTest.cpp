@@ -67,6 +67,18 @@ protected:
             cancel();
         }
     }
+    void writeReminders(int times) {
+        for (int i = 0; i < times; ++i) {
+            openSheet();
+            openReminder();
+            typeNote("milk");
+            for (const char* row : {"0,0", "0,1", "0,2"}) {
+                touchAndWait(panel().select_node((std::string(".//*[@row='") + row + "']").c_str()).node());
+                goBack();
+            }
+            done();
+        }
+    }
     Counts growth(int times) {
         openAndCancel(warmUp);
         const Counts before = counts();
@@ -131,6 +143,20 @@ TEST_F(Openings, OfTheAccountChooserLeaveNothingBehind) {
     chooseAccounts(few);
 
     EXPECT_EQ(difference(before, counts()), Counts());
+}
+
+TEST_F(Openings, OfRemindersAndTheirChoosersLeaveNothingBehind) {
+    phone::countLiveObjects();
+    useReminders(phone::Access::Allow);
+    start({.app = "older"});
+    startCall();
+    writeReminders(warmUp);
+
+    const Counts before = counts();
+    writeReminders(few);
+
+    EXPECT_EQ(difference(before, counts()), Counts());
+    EXPECT_EQ(reminders().size(), std::size_t(warmUp + few));
 }
 
 } // namespace

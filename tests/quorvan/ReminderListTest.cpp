@@ -1,3 +1,4 @@
+#include "tests/quorvan/BrokenFiles.h"
 #include "tests/quorvan/CallTest.h"
 
 #include <gtest/gtest.h>
@@ -208,7 +209,8 @@ TEST_F(ReminderListChooser, NeverLeavesAFileOfIdentifiers) {
 }
 
 TEST_F(ReminderListChooser, LeavesAFileOfIdentifiersOfAnotherProgramAlone) {
-    const std::string foreign = "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>A</string></array></plist>";
+    const std::string foreign =
+        "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>A</string></array></plist>";
     write(identifiersFile(), foreign);
     useReminders(Access::Allow);
     start();
@@ -232,9 +234,8 @@ TEST_F(ReminderListChooser, SendsTheStoreItsMessagesInOrder) {
 
     open();
 
-    EXPECT_EQ(logged("store", "message"),
-              (Texts{"init", "respondsToSelector:", "requestAccessToEntityType:completion:", "calendarsForEntityType:",
-                     "title", "title", "title"}));
+    EXPECT_EQ(logged("store", "message"), (Texts{"init", "respondsToSelector:", "requestAccessToEntityType:completion:",
+                                                 "calendarsForEntityType:", "title", "title", "title"}));
 }
 
 TEST_F(ReminderListChooser, ShowsAStaleFileUntilTheNextOpening) {
@@ -269,7 +270,8 @@ TEST_F(ReminderListChooser, WithoutAnyListWritesAnEmptyFileAndKeepsTheChoice) {
 }
 
 TEST_F(ReminderListChooser, HasNoRowsWithoutAReadableFile) {
-    for (const char* content : {"", "no property list", "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict/></plist>"}) {
+    for (const char* content :
+         {"", "no property list", "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict/></plist>"}) {
         SCOPED_TRACE(content);
         write(titlesFile(), content);
         if (!isStarted()) {
@@ -290,8 +292,30 @@ TEST_F(ReminderListChooser, HasNoRowsWithoutAReadableFile) {
     EXPECT_TRUE(rows().empty());
 }
 
+TEST_F(ReminderListChooser, SurvivesWhateverStandsInThePlaceOfItsFile) {
+    useReminders(Access::Allow);
+    start();
+    startCall();
+    std::size_t saved = 0;
+
+    for (const BrokenFile& broken : brokenFiles()) {
+        SCOPED_TRACE(broken.name);
+        broken.put(hostPath(titlesFile()));
+        openSheet();
+        openReminder();
+        typeNote("milk");
+        open();
+        goBack();
+        done();
+
+        EXPECT_EQ(reminders().size(), ++saved);
+        remove(titlesFile());
+    }
+}
+
 TEST_F(ReminderListChooser, ShowsARowThatIsNoTextEmpty) {
-    write(titlesFile(), "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><integer>7</integer><string>Garden</string></array></plist>");
+    write(titlesFile(), "<?xml version=\"1.0\"?><plist "
+                        "version=\"1.0\"><array><integer>7</integer><string>Garden</string></array></plist>");
     useReminders(Access::Deny);
     start();
     startReminder();

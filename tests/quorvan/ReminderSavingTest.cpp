@@ -353,8 +353,9 @@ TEST_F(ReminderSaving, AReadOnlyListFailsInSilence) {
 
 TEST_F(ReminderSaving, APlaceThatIsNotThereAnyMoreGoesIntoTheDefaultList) {
     useReminders(Access::Deny);
-    write(resource("Reminders.plist"), "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>One</string>"
-                                       "<string>Two</string><string>Three</string><string>Four</string></array></plist>");
+    write(resource("Reminders.plist"),
+          "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>One</string>"
+          "<string>Two</string><string>Three</string><string>Four</string></array></plist>");
     startTyped();
     openRow(0);
     touchAndWait("Four");
@@ -370,7 +371,8 @@ TEST_F(ReminderSaving, APlaceThatIsNotThereAnyMoreGoesIntoTheDefaultList) {
 TEST_F(ReminderSaving, CountsThePlaceInTheStoresOrderAndNotByTitle) {
     useReminders(Access::Deny);
     write(resource("Reminders.plist"),
-          "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>Work</string><string>Tasks</string></array></plist>");
+          "<?xml version=\"1.0\"?><plist "
+          "version=\"1.0\"><array><string>Work</string><string>Tasks</string></array></plist>");
     startTyped();
     openRow(0);
     touchAndWait("Tasks");

@@ -377,7 +377,8 @@ TEST_F(ReminderScreen, CanReloadItsRowsWhenAsked) {
 
     run([] {
         const auto root = UIApplication::shared().keyWindow().rootViewController();
-        const auto navigation = objc::as<UINavigationController>(root.presentedViewController().presentedViewController());
+        const auto navigation =
+            objc::as<UINavigationController>(root.presentedViewController().presentedViewController());
         navigation.topViewController().send<"returnMethod">();
     });
     settle();

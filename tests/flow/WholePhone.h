@@ -1,0 +1,50 @@
+/// The whole phone, as a person at the command line has it: the driver, the application with the library in
+/// a process of its own, a fresh root folder.
+#pragma once
+
+#include "phone/flow/NewPhone.h"
+#include "phone/flow/Player.h"
+#include "phone/flow/Records.h"
+#include "tests/flow/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace phone {
+
+class WholePhone : public testing::Test {
+protected:
+    static constexpr const char* zone = "Europe/Berlin";
+
+    /// Makes the phone; call first.
+    void make(const Stores& stores = {}) {
+        _options.root = folder.path("root");
+        _options.out = folder.path("out");
+        _options.executable = BUILD_DIRECTORY "/phone-application";
+        _options.phone.zone = zone;
+        _options.phone.now = "2026-03-05T14:37:12";
+        makePhone(_options.root, STAGE_DIRECTORY, stores);
+    }
+    /// Plays these commands as one flow; expects all of them to hold.
+    void play(const std::string& commands) {
+        Player player(_options);
+        testing::internal::CaptureStderr();
+        const int status = player.play({Flow::read(folder.write("flow.yaml", commands))});
+        EXPECT_EQ(status, 0) << testing::internal::GetCapturedStderr();
+    }
+    nlohmann::ordered_json recorded(const char* kind) const { return records(_options.root, zone).at(kind); }
+    std::string root() const { return _options.root; }
+    /// Runs a program with the phone's calendars; gives what it prints.
+    std::string printed(const std::string& command) {
+        const std::string whole = "HOME=" + folder.path() + " TZ=" + zone + " LC_ALL=C.UTF-8 " + command + " > " +
+                                  folder.path("printed") + " 2> " + folder.path("complaints");
+        EXPECT_EQ(std::system(whole.c_str()), 0) << folder.read("complaints");
+        return folder.read("printed");
+    }
+
+    TemporaryFolder folder;
+
+private:
+    Player::Options _options;
+};
+
+} // namespace phone
