@@ -89,12 +89,18 @@ void fade(const UIView& panel, CGFloat alpha, void (^completion)()) {
         });
 }
 
-void glide(const char* name, const UIView& view, CGPoint center) {
+void glide(const char* name, void (^change)()) {
     UIView::beginAnimations(NSString::utf8(name));
     UIView::setAnimationCurve(UIViewAnimationCurve::EaseIn);
     UIView::setAnimationDuration(0.27);
-    view.setCenter(center);
+    change();
     UIView::commitAnimations();
+}
+
+void glide(const char* name, const UIView& view, CGPoint center) {
+    glide(name, ^{
+      view.setCenter(center);
+    });
 }
 
 UIView makeAccessory(const RowAccessory& row, const NSString& value) {

@@ -46,7 +46,9 @@ CGPoint centerAboveKeyboard(const UIView& screen, CGFloat keyboardHeight);
 void removeEverything(const UIView& screen);
 /// Fades the view in or out; the completion runs when that is done.
 void fade(const UIView& panel, CGFloat alpha, void (^completion)());
-/// Moves the view's centre while the keyboard comes or goes.
+/// Animates a change while the keyboard comes or goes.
+void glide(const char* name, void (^change)());
+/// The same, moving the view's centre.
 void glide(const char* name, const UIView& view, CGPoint center);
 
 /// The frames of a row's accessory: its container, and in it the value and the arrow.

@@ -227,11 +227,9 @@ bool NoteController::textFieldShouldBeginEditing(const UITextField& field) {
     const UIView panel = field.superview();
     if (isTablet()) {
         const CGPoint now = panel.frame().origin;
-        UIView::beginAnimations(NSString::utf8(fieldMove));
-        UIView::setAnimationCurve(UIViewAnimationCurve::EaseIn);
-        UIView::setAnimationDuration(0.27);
-        panel.setFrame({{now.x, isTabletHeldUpright() ? now.y : panelOrigin.y}, notePanelSize()});
-        UIView::commitAnimations();
+        glide(fieldMove, ^{
+          panel.setFrame({{now.x, isTabletHeldUpright() ? now.y : panelOrigin.y}, notePanelSize()});
+        });
     } else {
         glide(panelMove, noteView, centerAboveKeyboard(view(), keyboardAllowance()));
     }

@@ -1,9 +1,8 @@
 #include "phone/applications/PhoneApplication.h"
 
+#include "phone/applications/CallScreen.h"
 #include "phone/applications/CallView.h"
 #include "phone/applications/IdleScreen.h"
-#include "phone/applications/NewerCallScreen.h"
-#include "phone/applications/OlderCallScreen.h"
 #include "phone/applications/ShareTargets.h"
 #include "phone/device/Settings.h"
 #include "phone/uikit/Presentation.h"

@@ -38,7 +38,8 @@ protected:
 - waitForAnimationToEnd
 )";
     static std::string write(const std::string& text) {
-        return "- tapOn: \"  Description\"\n- inputText: \"" + text + "\"\n- tapOn: \"Done\"\n- waitForAnimationToEnd\n";
+        return "- tapOn: \"  Description\"\n- inputText: \"" + text +
+               "\"\n- tapOn: \"Done\"\n- waitForAnimationToEnd\n";
     }
     static Stores allowed() {
         Stores stores;
@@ -55,9 +56,8 @@ TEST_F(WrittenReminders, CarryNothingOverARestart) {
 
     const auto reminders = recorded("reminders");
     ASSERT_EQ(reminders.size(), 2U);
-    EXPECT_EQ(reminders[0].dump(),
-              R"({"list":"Work","title":"milk","priority":1,"start":"2026-03-05T14:37:00+01:00",)"
-              R"("due":"2026-03-06T09:30:00+01:00","alarms":["2026-03-06T09:30:00+01:00"]})");
+    EXPECT_EQ(reminders[0].dump(), R"({"list":"Work","title":"milk","priority":1,"start":"2026-03-05T14:37:00+01:00",)"
+                                   R"("due":"2026-03-06T09:30:00+01:00","alarms":["2026-03-06T09:30:00+01:00"]})");
     EXPECT_EQ(reminders[1].dump(),
               R"({"list":"Tasks","title":"eggs","priority":0,"start":null,"due":null,"alarms":[]})");
 }
@@ -65,8 +65,8 @@ TEST_F(WrittenReminders, CarryNothingOverARestart) {
 TEST_F(WrittenReminders, ShowTheListsOfAnEarlierRun) {
     make(allowed());
 
-    play(std::string("- launchApp") + openReminder + chooseEverything + "- stopApp\n- setPermissions: {reminders: deny}\n" +
-         "- launchApp" + openReminder + R"(
+    play(std::string("- launchApp") + openReminder + chooseEverything +
+         "- stopApp\n- setPermissions: {reminders: deny}\n" + "- launchApp" + openReminder + R"(
 - tapOn: {text: "List", index: 0}
 - assertVisible: "Shopping"
 )");
@@ -80,7 +80,8 @@ TEST_F(WrittenReminders, AreReadByTodoman) {
                                    "date_format = \"%Y-%m-%d\"\ntime_format = \"%H:%M\"\ncache_path = \"" +
                                    folder.path("cache.sqlite3") + "\"\n");
 
-    const auto todos = nlohmann::json::parse(printed("todoman --config " + folder.path("todoman.py") + " --porcelain list"));
+    const auto todos =
+        nlohmann::json::parse(printed("todoman --config " + folder.path("todoman.py") + " --porcelain list"));
 
     ASSERT_EQ(todos.size(), 1U);
     EXPECT_EQ(todos[0]["summary"], "Milk; bread, ü");

@@ -122,12 +122,12 @@ TEST_P(BothCallScreens, TheSheetOffersNoneOfTheNineExcludedTypes) {
     EXPECT_TRUE(find("Mail"));
 }
 
-TEST_P(BothCallScreens, ReminderAndEventAreGreyedAndTakeNoTouch) {
+TEST_P(BothCallScreens, EventIsGreyedAndTakesNoTouch) {
     start(GetParam());
     startCall();
     openSheet();
 
-    for (const char* unavailable : {"Reminder", "Event"}) {
+    for (const char* unavailable : {"Event"}) {
         const auto title = find(unavailable);
         EXPECT_EQ(attribute(title.parent(), "state"), "disabled") << unavailable;
         EXPECT_FALSE(title.attribute("touch")) << unavailable;
