@@ -61,6 +61,7 @@ void Alarm::setAbsoluteDate(const NSDate& date) {
     logMessage(*this, "setAbsoluteDate:", date);
     _date = date;
     _offset = 0;
+    StoredObject::of(*this)->setChanged();
 }
 
 NSTimeInterval Alarm::relativeOffset() {
@@ -73,6 +74,7 @@ void Alarm::setRelativeOffset(NSTimeInterval offset) {
     refuseAfterTheStart(offset);
     _offset = offset;
     _date = nullptr;
+    StoredObject::of(*this)->setChanged();
 }
 
 } // namespace phone::eventkit

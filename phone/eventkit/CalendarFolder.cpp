@@ -1,6 +1,8 @@
 #include "phone/eventkit/CalendarFolder.h"
 
 #include "phone/eventkit/DurableFile.h"
+#include "phone/eventkit/EventText.h"
+#include "phone/eventkit/ICalendar.h"
 #include "phone/eventkit/ReminderText.h"
 
 #include <nlohmann/json.hpp>
@@ -102,7 +104,7 @@ auto checked(const Work& work) {
 } // namespace
 
 CalendarFolder::CalendarFolder(const std::string& root, EntityType type)
-    : _folder(fs::path(root + devicePath) / (type == EntityType::Event ? "events" : "reminders")) {}
+    : _folder(fs::path(root + devicePath) / (type == EntityType::Event ? "events" : "reminders")), _type(type) {}
 
 void CalendarFolder::create(Access access, const std::vector<CalendarStore>& calendars) const {
     checked([&] {
@@ -156,38 +158,63 @@ std::vector<CalendarRow> CalendarFolder::calendars() const {
     return all;
 }
 
-std::vector<ReminderRow> CalendarFolder::reminders() const {
-    std::vector<ReminderRow> all;
-    for (const CalendarRow& list : calendars()) {
-        for (const fs::path& file : inside(_folder / list.id, false)) {
-            if (file.extension() != itemEnding) {
-                continue;
-            }
-            if (auto reminder = reminderFrom(contentOf(file).value_or(""))) {
-                all.push_back({list.title, std::move(*reminder)});
-            }
-        }
-    }
-    const auto place = [](const ReminderRow& row) {
-        const ReminderItem& item = row.item;
-        const long order = item.order > 0 ? item.order : std::numeric_limits<long>::max();
-        return std::tuple(order, item.created.value_or(item.modified.value_or(0)), item.id);
-    };
-    std::sort(all.begin(), all.end(), [&](const auto& a, const auto& b) { return place(a) < place(b); });
+std::vector<fs::path> CalendarFolder::itemFiles(const std::string& calendar) const {
+    std::vector<fs::path> all = inside(_folder / calendar, false);
+    std::erase_if(all, [](const fs::path& file) { return file.extension() != itemEnding; });
     return all;
 }
 
-void CalendarFolder::write(const std::string& list, ReminderItem& reminder) const {
-    checked([&] {
-        if (reminder.order == 0) {
-            reminder.order = nextOrder();
+template <class Row, class Read>
+std::vector<Row> CalendarFolder::rows(const Read& read) const {
+    std::vector<Row> all;
+    for (const CalendarRow& calendar : calendars()) {
+        for (const fs::path& file : itemFiles(calendar.id)) {
+            if (auto item = read(contentOf(file).value_or(""))) {
+                all.push_back({calendar.title, std::move(*item)});
+            }
         }
-        replaceFile(itemPath(list, reminder.id), textOf(reminder));
+    }
+    const auto place = [](const Row& row) {
+        const StoredItem& item = row.item;
+        const long order = item.order > 0 ? item.order : std::numeric_limits<long>::max();
+        return std::tuple(order, item.created.value_or(item.modified.value_or(0)), item.id);
+    };
+    std::sort(all.begin(), all.end(), [&](const Row& a, const Row& b) { return place(a) < place(b); });
+    return all;
+}
+
+std::vector<ReminderRow> CalendarFolder::reminders() const { return rows<ReminderRow>(reminderFrom); }
+
+std::vector<EventRow> CalendarFolder::events() const { return rows<EventRow>(eventFrom); }
+
+std::vector<fs::path> CalendarFolder::brokenFiles() const {
+    std::vector<fs::path> all;
+    for (const CalendarRow& calendar : calendars()) {
+        for (const fs::path& file : itemFiles(calendar.id)) {
+            if (ical::parse(contentOf(file).value_or("")) == nullptr) {
+                all.push_back(file);
+            }
+        }
+    }
+    return all;
+}
+
+void CalendarFolder::write(const std::string& list, ReminderItem& reminder) const { writeItem(list, reminder); }
+
+void CalendarFolder::write(const std::string& list, EventItem& event) const { writeItem(list, event); }
+
+template <class Item>
+void CalendarFolder::writeItem(const std::string& list, Item& item) const {
+    checked([&] {
+        if (item.order == 0) {
+            item.order = nextOrder();
+        }
+        replaceFile(itemPath(list, item.id), textOf(item));
     });
 }
 
-void CalendarFolder::remove(const std::string& list, const std::string& reminder) const {
-    checked([&] { fs::remove(itemPath(list, reminder)); });
+void CalendarFolder::remove(const std::string& list, const std::string& item) const {
+    checked([&] { fs::remove(itemPath(list, item)); });
 }
 
 fs::path CalendarFolder::itemPath(const std::string& calendar, const std::string& item) const {
@@ -201,12 +228,21 @@ long CalendarFolder::nextOrder() const {
     if (const auto kept = contentOf(_folder / orderFile)) {
         last = std::strtol(kept->c_str(), nullptr, 10);
     } else {
-        for (const ReminderRow& row : reminders()) { // somebody has removed the file
-            last = std::max(last, row.item.order);
-        }
+        last = lastOrder(); // somebody has removed the file
     }
     replaceFile(_folder / orderFile, std::to_string(last + 1) + "\n");
     return last + 1;
+}
+
+long CalendarFolder::lastOrder() const {
+    const auto last = [](const auto& rows) {
+        long order = 0;
+        for (const auto& row : rows) {
+            order = std::max(order, row.item.order);
+        }
+        return order;
+    };
+    return _type == EntityType::Event ? last(events()) : last(reminders());
 }
 
 std::string newIdentifier() {

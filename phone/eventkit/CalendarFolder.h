@@ -41,19 +41,31 @@ public:
     std::vector<CalendarRow> calendars() const;
 
     /// In the order of creation; of those that other programs have made the earliest comes first, after
-    /// the phone's own. Files that hold no reminder are passed over.
+    /// the phone's own. Files that hold no reminder, or no event, are passed over.
     std::vector<ReminderRow> reminders() const;
-    /// Writes the reminder into the list, over what was there under its id; a new one gets its place in
-    /// the order of creation. The list has to exist.
+    std::vector<EventRow> events() const;
+    /// The files among the items that are no iCalendar, such as one that was cut off. They stay as they are.
+    std::vector<std::filesystem::path> brokenFiles() const;
+
+    /// Writes the item into the list, over what was there under its id; a new one gets its place in the
+    /// order of creation. The list has to exist.
     void write(const std::string& list, ReminderItem& reminder) const;
-    /// Removes the reminder from the list, if it is there.
-    void remove(const std::string& list, const std::string& reminder) const;
+    void write(const std::string& list, EventItem& event) const;
+    /// Removes the item from the list, if it is there.
+    void remove(const std::string& list, const std::string& item) const;
 
 private:
     std::filesystem::path itemPath(const std::string& calendar, const std::string& item) const;
+    std::vector<std::filesystem::path> itemFiles(const std::string& calendar) const;
+    template <class Row, class Read>
+    std::vector<Row> rows(const Read& read) const;
+    template <class Item>
+    void writeItem(const std::string& list, Item& item) const;
     long nextOrder() const;
+    long lastOrder() const;
 
     std::filesystem::path _folder;
+    EntityType _type;
 };
 
 /// A new identifier, such as nothing else in the world has.

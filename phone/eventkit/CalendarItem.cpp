@@ -50,16 +50,33 @@ void CalendarItem::define(objc::ClassTable<CalendarItem>& c) {
 
 CalendarItem::CalendarItem() : _id(newIdentifier()) {}
 
-std::string CalendarItem::titleText() const { return text(_title); }
-std::optional<std::string> CalendarItem::locationText() const { return optionalText(_location); }
-std::optional<std::string> CalendarItem::notesText() const { return optionalText(_notes); }
-
-std::vector<CalendarAlarm> CalendarItem::alarmRows() const {
-    std::vector<CalendarAlarm> rows;
+void CalendarItem::fill(StoredItem& item) const {
+    item.id = _id;
+    item.title = text(_title);
+    item.location = optionalText(_location);
+    item.notes = optionalText(_notes);
     for (const EKAlarm& alarm : _alarms) {
-        rows.push_back(Alarm::of(alarm)->row());
+        item.alarms.push_back(Alarm::of(alarm)->row());
     }
-    return rows;
+    item.created = _created;
+    item.modified = _modified;
+    item.order = _order;
+}
+
+bool CalendarItem::hasChangedAlarms() const {
+    return std::any_of(_alarms.begin(), _alarms.end(),
+                       [](const EKAlarm& alarm) { return StoredObject::of(alarm)->isChanged(); });
+}
+
+void CalendarItem::setSaved(const StoredItem& item, const std::string& calendar) {
+    _created = item.created;
+    _modified = item.modified;
+    _order = item.order;
+    _savedIn = calendar;
+    StoredObject::of(*this)->setSaved();
+    for (const EKAlarm& alarm : _alarms) {
+        StoredObject::of(alarm)->setSaved();
+    }
 }
 
 EKCalendar CalendarItem::calendar() {
@@ -113,12 +130,12 @@ NSString CalendarItem::calendarItemIdentifier() {
 
 NSDate CalendarItem::creationDate() {
     logMessage(*this, "creationDate");
-    return date(created);
+    return date(_created);
 }
 
 NSDate CalendarItem::lastModifiedDate() {
     logMessage(*this, "lastModifiedDate");
-    return date(modified);
+    return date(_modified);
 }
 
 NSArray CalendarItem::alarms() {

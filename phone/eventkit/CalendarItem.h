@@ -18,16 +18,14 @@ public:
 
     const std::string& id() const { return _id; }
     const EKCalendar& currentCalendar() const { return _calendar; }
-    std::string titleText() const;
-    std::optional<std::string> locationText() const;
-    std::optional<std::string> notesText() const;
-    std::vector<CalendarAlarm> alarmRows() const;
-
-    // What saving leaves behind.
-    std::optional<double> created;  // seconds since 1970, UTC
-    std::optional<double> modified; // likewise
-    std::string savedIn;            // the id of the calendar that it was last saved in; "" for none
-    long order = 0;                 // its place in the order of creation
+    /// As it is written.
+    void fill(StoredItem& item) const;
+    /// An alarm is part of its item: what is set in it counts as a change of the item.
+    bool hasChangedAlarms() const;
+    /// It has been written like this, into the calendar with this id.
+    void setSaved(const StoredItem& item, const std::string& calendar);
+    /// The id of the calendar that it was last saved in; "" for none.
+    const std::string& savedIn() const { return _savedIn; }
 
 private:
     EKCalendar calendar();
@@ -56,6 +54,12 @@ private:
     NSString _location;
     NSString _notes;
     std::vector<EKAlarm> _alarms;
+
+    // What saving leaves behind.
+    std::optional<double> _created;  // seconds since 1970, UTC
+    std::optional<double> _modified; // likewise
+    std::string _savedIn;
+    long _order = 0; // its place in the order of creation
 };
 
 } // namespace phone::eventkit

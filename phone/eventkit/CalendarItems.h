@@ -47,6 +47,16 @@ struct CalendarDate {
 /// roll over.
 double momentOf(const CalendarDate& date, const std::string& localZone);
 
+/// The moment in the zone's local time; in UTC where that would not lead back to the moment, such as in
+/// the hour that the end of summer time repeats. The fraction of a second is dropped.
+CalendarDate dateAt(double moment, const std::string& zone);
+
+/// The day in the zone; the fields of a whole day.
+CalendarDate dayAt(double moment, const std::string& zone);
+
+/// The day that many days later, or earlier.
+CalendarDate dayAfter(const CalendarDate& date, int days);
+
 /// One alarm: at a moment, or some time from the item's start.
 struct CalendarAlarm {
     std::optional<double> moment; // seconds since 1970, UTC
@@ -55,26 +65,58 @@ struct CalendarAlarm {
     friend bool operator==(const CalendarAlarm&, const CalendarAlarm&) = default;
 };
 
-/// One reminder.
-struct ReminderItem {
+/// What reminders and events have in common.
+struct StoredItem {
     std::string id; // unique; the name of its file without the ending
     std::string title;
     std::optional<std::string> location;
     std::optional<std::string> notes;
+    std::vector<CalendarAlarm> alarms;
+    std::optional<double> created; // dates are seconds since 1970, UTC
+    std::optional<double> modified;
+    long order = 0; // counts what was made on this phone; 0 for what others made
+};
+
+/// One reminder.
+struct ReminderItem : StoredItem {
     long priority = 0;
     std::optional<CalendarDate> start;
     std::optional<CalendarDate> due;
-    std::vector<CalendarAlarm> alarms;
-    std::optional<double> completed; // dates are seconds since 1970, UTC
-    std::optional<double> created;
-    std::optional<double> modified;
-    long order = 0; // counts what was made on this phone; 0 for what others made
+    std::optional<double> completed;
 };
 
 /// A reminder and the list that it is in.
 struct ReminderRow {
     std::string list; // the title
     ReminderItem item;
+};
+
+/// How often something comes again, numbered as the platform does.
+enum class Frequency { Daily = 0, Weekly = 1, Monthly = 2, Yearly = 3 };
+
+/// How an event repeats.
+struct Recurrence {
+    Frequency frequency = Frequency::Daily;
+    long interval = 1;                 // every so many days, weeks, months or years
+    std::optional<CalendarDate> until; // no occurrence is later
+    long count = 0;                    // so many occurrences; 0 where that is no bound
+
+    friend bool operator==(const Recurrence&, const Recurrence&) = default;
+};
+
+/// One event. Where the start is a whole day the end is the last day.
+struct EventItem : StoredItem {
+    std::optional<CalendarDate> start; // none only in what another program has written
+    std::optional<CalendarDate> end;
+    std::optional<Recurrence> recurrence;
+
+    bool isAllDay() const { return start && start->isDay; }
+};
+
+/// An event and the calendar that it is in.
+struct EventRow {
+    std::string calendar; // the title
+    EventItem item;
 };
 
 } // namespace phone

@@ -26,25 +26,6 @@ CalendarDate calendarDate(const NSDateComponents& components) {
     return date;
 }
 
-NSDateComponents copyOf(const NSDateComponents& components) {
-    if (!components) {
-        return nullptr;
-    }
-    const auto copy = NSDateComponents::make();
-    copy.setYear(components.year());
-    copy.setMonth(components.month());
-    copy.setDay(components.day());
-    copy.setHour(components.hour());
-    copy.setMinute(components.minute());
-    copy.setSecond(components.second());
-    copy.send<"setEra:">(components.send<"era", objc::Int>());
-    copy.send<"setWeekday:">(components.send<"weekday", objc::Int>());
-    copy.send<"setWeekdayOrdinal:">(components.send<"weekdayOrdinal", objc::Int>());
-    copy.setCalendar(components.calendar());
-    copy.setTimeZone(components.timeZone());
-    return copy;
-}
-
 std::optional<double> unixTime(const NSDate& date) {
     return date ? std::optional(date.sinceReferenceDate() + referenceDate) : std::nullopt;
 }

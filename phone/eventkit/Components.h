@@ -13,9 +13,6 @@ namespace phone::eventkit {
 /// first: year 1, month 1, day 1, midnight.
 CalendarDate calendarDate(const NSDateComponents& components);
 
-/// A copy that does not change when these do; nil for nil. Foundation's own copy is the same object.
-NSDateComponents copyOf(const NSDateComponents& components);
-
 /// nullopt for nil.
 std::optional<double> unixTime(const NSDate& date);
 /// nil for nullopt.

@@ -2,32 +2,28 @@
 
 #include "phone/device/RootFolder.h"
 #include "phone/eventkit/Calendar.h"
+#include "phone/eventkit/Event.h"
+#include "phone/eventkit/Obstacles.h"
 #include "phone/eventkit/Reminder.h"
 #include "phone/eventkit/StoreEntry.h"
 #include "phone/foundation/Raise.h"
 #include "phone/foundation/Text.h"
 #include "phone/foundation/WallClock.h"
-#include "platform/foundation/NSDictionary.h"
 
 #include <atomic>
-
-extern "C" {
-extern const id NSLocalizedDescriptionKey; // of Foundation
-}
 
 namespace phone::eventkit {
 
 namespace {
 
-constexpr const char* errorDomain = "EKErrorDomain";
-/// The store's own process refuses those who have no access.
-constexpr const char* processErrorDomain = "EKCADErrorDomain";
-constexpr objc::Int noAccess = 1013;
-constexpr objc::Int highestPriority = 9;
-
 CalendarFolder folder(EntityType type) { return {RootFolder::path(), type}; }
 
 bool isAllowed(EntityType type) { return folder(type).access() == Access::Allow; }
+
+StoreNumber nextNumber() {
+    static constinit std::atomic<StoreNumber> last = 0;
+    return ++last;
+}
 
 EntityType checked(EKEntityType type) {
     if (type != EKEntityType::Event && type != EKEntityType::Reminder) {
@@ -39,7 +35,7 @@ EntityType checked(EKEntityType type) {
 } // namespace
 
 void EventStore::define(objc::ClassTable<EventStore>& c) {
-    c.init<"init", &EventStore::init>().overrides<"respondsToSelector:", &EventStore::answers>();
+    c.init<"init", &EventStore::init>();
 
     c.classMethod<"authorizationStatusForEntityType:", &EventStore::authorizationStatus>()
         .def<"requestAccessToEntityType:completion:", &EventStore::requestAccess>();
@@ -50,20 +46,15 @@ void EventStore::define(objc::ClassTable<EventStore>& c) {
         .def<"defaultCalendarForNewEvents", &EventStore::defaultCalendarForNewEvents>();
 
     c.def<"saveReminder:commit:error:", &EventStore::saveReminder>()
+        .def<"saveEvent:span:commit:error:", &EventStore::saveEvent>()
         .def<"commit:", &EventStore::commit>()
         .def<"reset", &EventStore::reset>();
 }
 
 void EventStore::init() {
-    static constinit std::atomic<StoreNumber> last = 0;
     super<"init">();
     logMessage(*this, "init");
-    _number = ++last;
-}
-
-bool EventStore::answers(SEL selector) {
-    logMessage(*this, "respondsToSelector:", selector);
-    return super<"respondsToSelector:", bool>(selector);
+    _number = nextNumber();
 }
 
 EKAuthorizationStatus EventStore::authorizationStatus(EKEntityType type) {
@@ -126,16 +117,48 @@ bool EventStore::saveReminder(const EKReminder& reminder, bool commits, id* erro
     if (peer == nullptr) {
         raise("NSInvalidArgumentException", "There is no reminder to save");
     }
-    CalendarItem* item = CalendarItem::of(reminder);
+    const EKCalendar calendar = CalendarItem::of(reminder)->currentCalendar();
     checkOwn(reminder, "reminder");
-    checkOwn(item->currentCalendar(), "calendar");
+    checkOwn(calendar, "calendar");
+    if (!isAllowed(EntityType::Reminder)) {
+        return report(SaveFailure::withoutAccess("reminders"), error);
+    }
     if (const auto failure = obstacle(reminder)) {
         return report(failure, error);
     }
+    return save({reminder, peer->item(), Calendar::of(calendar)->id()}, commits, error);
+}
+
+bool EventStore::saveEvent(const EKEvent& event, EKSpan span, bool commits, id* error) {
+    logMessage(*this, "saveEvent:span:commit:error:", event, span, commits);
+    const Event* peer = Event::of(event);
+    if (peer == nullptr) {
+        raise("NSInvalidArgumentException", "There is no event to save");
+    }
+    const EKCalendar calendar = CalendarItem::of(event)->currentCalendar();
+    checkOwn(event, "event");
+    checkOwn(calendar, "calendar");
+    if (!isAllowed(EntityType::Event)) {
+        return report(SaveFailure::withoutAccess("events"), error);
+    }
+    if (span != EKSpan::ThisEvent && span != EKSpan::FutureEvents) {
+        return report(SaveFailure::with(EKErrorCode::InvalidSpan, "The span is invalid."), error);
+    }
+    if (peer->isUnchanged()) {
+        report(std::nullopt, error);
+        return false; // nothing to do is no error, and yet nothing was saved
+    }
+    if (const auto failure = obstacle(event)) {
+        return report(failure, error);
+    }
+    return save({event, peer->item(), Calendar::of(calendar)->id()}, commits, error);
+}
+
+bool EventStore::save(Pending pending, bool commits, id* error) {
     // What is already being saved in this batch is saved as it is now.
-    std::erase_if(_pending, [&](const Pending& pending) { return pending.reminder == reminder; });
-    _pending.push_back({reminder, peer->item(), Calendar::of(item->currentCalendar())->id()});
-    return commits ? report(write(), error) : report(std::nullopt, error);
+    std::erase_if(_pending, [&](const Pending& earlier) { return earlier.object == pending.object; });
+    _pending.push_back(std::move(pending));
+    return report(commits ? write() : std::nullopt, error);
 }
 
 bool EventStore::commit(id* error) {
@@ -147,6 +170,7 @@ void EventStore::reset() {
     logMessage(*this, "reset");
     _pending.clear();
     _calendars.clear();
+    _number = nextNumber(); // what was got before belongs to it no longer
 }
 
 EKCalendar EventStore::object(EntityType type, const CalendarRow& row) {
@@ -177,71 +201,35 @@ void EventStore::checkOwn(const objc::Object& object, const char* what) const {
     }
 }
 
-std::optional<EventStore::Failure> EventStore::obstacle(const EKReminder& reminder) const {
-    const auto failure = [](EKErrorCode code, const char* why) {
-        return Failure{errorDomain, static_cast<objc::Int>(code), why};
-    };
-    if (!isAllowed(EntityType::Reminder)) {
-        return Failure{processErrorDomain, noAccess, "Access to reminders has not been granted"};
-    }
-    const Calendar* list = Calendar::of(CalendarItem::of(reminder)->currentCalendar());
-    if (list == nullptr) {
-        return failure(EKErrorCode::NoCalendar, "No calendar has been set.");
-    }
-    if (list->type() != EntityType::Reminder) {
-        return failure(EKErrorCode::CalendarDoesNotAllowReminders, "That calendar does not allow reminders.");
-    }
-    if (list->isReadOnly()) {
-        return failure(EKErrorCode::CalendarReadOnly, "That calendar may not be modified.");
-    }
-    const Reminder* peer = Reminder::of(reminder);
-    if (peer->isDue() && !peer->hasStart()) {
-        return failure(EKErrorCode::NoStartDate, "No start date has been set.");
-    }
-    if (peer->currentPriority() < 0 || peer->currentPriority() > highestPriority) {
-        return failure(EKErrorCode::PriorityIsInvalid, "The priority is invalid.");
-    }
-    return std::nullopt;
-}
-
-std::optional<EventStore::Failure> EventStore::write() {
-    const CalendarFolder lists = folder(EntityType::Reminder);
+std::optional<SaveFailure> EventStore::write() {
     while (!_pending.empty()) {
         Pending& next = _pending.front();
-        CalendarItem* common = CalendarItem::of(next.reminder);
-        next.item.modified = WallClock::now();
-        next.item.created = common->created.value_or(*next.item.modified);
         try {
-            lists.write(next.list, next.item);
-            if (!common->savedIn.empty() && common->savedIn != next.list) {
-                lists.remove(common->savedIn, next.item.id);
+            if (auto* event = std::get_if<EventItem>(&next.item)) {
+                write(next.object, *event, EntityType::Event, next.calendar);
+                Event::of(next.object)->setSaved(*event);
+            } else {
+                write(next.object, std::get<ReminderItem>(next.item), EntityType::Reminder, next.calendar);
             }
         } catch (const CalendarFolderError& error) {
-            return Failure{errorDomain, static_cast<objc::Int>(EKErrorCode::InternalFailure), error.what()};
+            return SaveFailure::with(EKErrorCode::InternalFailure, error.what());
         }
-        common->created = next.item.created;
-        common->modified = next.item.modified;
-        common->order = next.item.order;
-        common->savedIn = next.list;
-        StoredObject::of(next.reminder)->setSaved();
         _pending.erase(_pending.begin());
     }
     return std::nullopt;
 }
 
-bool EventStore::report(const std::optional<Failure>& failure, id* error) {
-    if (error != nullptr) {
-        *error = nullptr;
-        if (failure) {
-            const auto info = objc::make<NSMutableDictionary>();
-            info.set(string(failure->text), objc::borrow<NSString>(NSLocalizedDescriptionKey));
-            // Autoreleased: the caller's as long as its pool lives.
-            const auto made =
-                objc::make<NSError, "initWithDomain:code:userInfo:">(string(failure->domain), failure->code, info);
-            *error = objc::detail::call<id>(objc::Object(made).relinquish(), objc::selector<"autorelease">());
-        }
+template <class Item>
+void EventStore::write(const EKCalendarItem& object, Item& item, EntityType type, const std::string& calendar) {
+    CalendarItem* common = CalendarItem::of(object);
+    item.modified = WallClock::now();
+    item.created = item.created.value_or(*item.modified);
+    const CalendarFolder place = folder(type);
+    place.write(calendar, item);
+    if (!common->savedIn().empty() && common->savedIn() != calendar) {
+        place.remove(common->savedIn(), item.id);
     }
-    return !failure;
+    common->setSaved(item, calendar);
 }
 
 } // namespace phone::eventkit

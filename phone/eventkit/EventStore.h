@@ -3,12 +3,14 @@
 
 #include "phone/eventkit/AccessRequests.h"
 #include "phone/eventkit/CalendarFolder.h"
+#include "phone/eventkit/SaveFailure.h"
 #include "phone/eventkit/StoredObject.h"
 #include "platform/eventkit/EKEventStore.h"
 
 #include <map>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace phone::eventkit {
@@ -19,43 +21,38 @@ class EventStore : public objc::Implements<EventStore, EKEventStore, NSObject> {
 public:
     static void define(objc::ClassTable<EventStore>& c);
 
-    /// Tells this store's objects from those of another.
+    /// Tells this store's objects from those of another, and from those of before it was reset.
     StoreNumber number() const { return _number; }
 
 private:
-    /// Why something cannot be saved.
-    struct Failure {
-        std::string domain;
-        objc::Int code;
-        std::string text;
-    };
-    /// A reminder as it was when it was saved, until it is written.
+    /// A reminder or an event as it was when it was saved, until it is written.
     struct Pending {
-        EKReminder reminder;
-        ReminderItem item;
-        std::string list; // its id
+        EKCalendarItem object;
+        std::variant<ReminderItem, EventItem> item;
+        std::string calendar; // its id
     };
 
     void init();
-    bool answers(SEL selector);
     static EKAuthorizationStatus authorizationStatus(EKEntityType type);
     void requestAccess(EKEntityType type, const AccessRequests::Completion& completion);
     NSArray calendars(EKEntityType type);
     EKCalendar calendar(const NSString& identifier);
     EKCalendar defaultCalendarForNewReminders();
     EKCalendar defaultCalendarForNewEvents();
-    /// Raises NSInvalidArgumentException for a reminder, or a list, of another store.
+    /// Raise NSInvalidArgumentException for an item, or a calendar, of another store.
     bool saveReminder(const EKReminder& reminder, bool commit, id* error);
+    bool saveEvent(const EKEvent& event, EKSpan span, bool commit, id* error);
     bool commit(id* error);
     void reset();
 
     EKCalendar object(EntityType type, const CalendarRow& row);
     EKCalendar defaultCalendar(EntityType type);
     void checkOwn(const objc::Object& object, const char* what) const;
-    /// What keeps the reminder from being saved.
-    std::optional<Failure> obstacle(const EKReminder& reminder) const;
-    std::optional<Failure> write();
-    static bool report(const std::optional<Failure>& failure, id* error);
+    /// Gathers, and writes all that is gathered where it `commits`.
+    bool save(Pending pending, bool commits, id* error);
+    std::optional<SaveFailure> write();
+    template <class Item>
+    static void write(const EKCalendarItem& object, Item& item, EntityType type, const std::string& calendar);
 
     StoreNumber _number = 0;
     std::map<std::string, EKCalendar> _calendars; // by id: one object a calendar

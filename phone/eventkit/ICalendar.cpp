@@ -17,24 +17,6 @@ icaltimezone* zoneNamed(const std::string& name) {
                                           : icaltimezone_get_builtin_timezone(name.c_str());
 }
 
-icaltimetype timeOf(const CalendarDate& date) {
-    icaltimetype time = icaltime_null_time();
-    time.year = date.year;
-    time.month = date.month;
-    time.day = date.day;
-    time.is_date = date.isDay ? 1 : 0;
-    if (!date.isDay) {
-        time.hour = date.hour;
-        time.minute = date.minute;
-        time.second = date.second;
-    }
-    return icaltime_normalize(time);
-}
-
-icaltimetype utcTime(double moment) {
-    return icaltime_from_timet_with_zone(static_cast<time_t>(std::floor(moment)), 0, icaltimezone_get_utc_timezone());
-}
-
 void replace(icalcomponent* in, icalproperty* property) {
     const icalproperty_kind kind = icalproperty_isa(property);
     if (icalproperty* before = icalcomponent_get_first_property(in, kind)) {
@@ -52,6 +34,13 @@ void addZone(icalcomponent* calendar, icaltimezone* zone, const std::string& nam
     icalcomponent* rules = icalcomponent_new_clone(icaltimezone_get_component(zone));
     replace(rules, icalproperty_new_tzid(name.c_str()));
     icalcomponent_add_component(calendar, rules);
+}
+
+/// In UTC where the zone is unknown.
+icaltimetype timeIn(const std::string& zone, double moment) {
+    const icaltimetype time = ical::utcTime(moment);
+    icaltimezone* place = zoneNamed(zone);
+    return place == nullptr ? time : icaltime_convert_to_zone(time, place);
 }
 
 /// The line as it was before it was folded.
@@ -102,12 +91,59 @@ std::string withBlanksKept(const std::string& text) {
 
 double momentOf(const CalendarDate& date, const std::string& localZone) {
     icaltimezone* zone = zoneNamed(date.zone.empty() || date.isDay ? localZone : date.zone);
-    icaltimetype time = timeOf(date);
+    icaltimetype time = ical::timeOf(date);
     time.is_date = 0; // a whole day begins at its first moment
     return static_cast<double>(icaltime_as_timet_with_zone(time, zone));
 }
 
+CalendarDate dateAt(double moment, const std::string& zone) {
+    if (zoneNamed(zone) != nullptr) {
+        CalendarDate date = ical::dateOf(timeIn(zone, moment));
+        date.zone = zone;
+        if (momentOf(date, zone) == std::floor(moment)) {
+            return date;
+        }
+    }
+    return ical::dateOf(ical::utcTime(moment));
+}
+
+CalendarDate dayAt(double moment, const std::string& zone) {
+    const icaltimetype time = timeIn(zone, moment);
+    return {time.year, time.month, time.day, 0, 0, 0, true, ""};
+}
+
+CalendarDate dayAfter(const CalendarDate& date, int days) {
+    icaltimetype time = ical::timeOf(date);
+    icaltime_adjust(&time, days, 0, 0, 0);
+    CalendarDate later = ical::dateOf(time);
+    later.zone = date.zone;
+    return later;
+}
+
 namespace ical {
+
+icaltimetype timeOf(const CalendarDate& date) {
+    icaltimetype time = icaltime_null_time();
+    time.year = date.year;
+    time.month = date.month;
+    time.day = date.day;
+    time.is_date = date.isDay ? 1 : 0;
+    if (!date.isDay) {
+        time.hour = date.hour;
+        time.minute = date.minute;
+        time.second = date.second;
+    }
+    return icaltime_normalize(time);
+}
+
+icaltimetype utcTime(double moment) {
+    return icaltime_from_timet_with_zone(static_cast<time_t>(std::floor(moment)), 0, icaltimezone_get_utc_timezone());
+}
+
+CalendarDate dateOf(const icaltimetype& time) {
+    return {time.year,   time.month,  time.day,          time.hour,
+            time.minute, time.second, time.is_date != 0, icaltime_is_utc(time) != 0 ? "UTC" : ""};
+}
 
 Component calendar() {
     Component made(icalcomponent_new(ICAL_VCALENDAR_COMPONENT));
@@ -153,10 +189,12 @@ std::optional<double> momentIn(icalcomponent* in, icalproperty_kind kind) {
     return date ? std::optional(momentOf(*date, "UTC")) : std::nullopt;
 }
 
-void setDate(icalcomponent* calendar, icalcomponent* in, icalproperty_kind kind, const CalendarDate& date) {
+namespace {
+
+/// Gives the property a date, and `calendar` the rules of its zone unless that is UTC.
+void fill(icalproperty* property, icalcomponent* calendar, const CalendarDate& date) {
     icaltimetype time = timeOf(date);
     icaltimezone* zone = date.zone.empty() || date.isDay ? nullptr : zoneNamed(date.zone);
-    icalproperty* property = icalproperty_new(kind);
     if (zone == icaltimezone_get_utc_timezone()) {
         icaltime_set_timezone(&time, zone);
     } else if (zone != nullptr) {
@@ -167,29 +205,47 @@ void setDate(icalcomponent* calendar, icalcomponent* in, icalproperty_kind kind,
     if (date.isDay) {
         icalproperty_add_parameter(property, icalparameter_new_value(ICAL_VALUE_DATE));
     }
-    replace(in, property);
 }
 
-std::optional<CalendarDate> dateIn(icalcomponent* in, icalproperty_kind kind) {
-    icalproperty* property = icalcomponent_get_first_property(in, kind);
-    icalvalue* value = property == nullptr ? nullptr : icalproperty_get_value(property);
-    if (value == nullptr) {
-        return std::nullopt;
-    }
-    const icaltimetype time = icalvalue_get_datetime(value);
+/// The time as the property gives it, in the property's zone.
+std::optional<CalendarDate> dateFrom(icalproperty* property, const icaltimetype& time) {
     if (icaltime_is_null_time(time) || !icaltime_is_valid_time(time)) {
         return std::nullopt;
     }
-    CalendarDate date = {time.year, time.month, time.day, time.hour, time.minute, time.second, time.is_date != 0, ""};
-    if (icaltime_is_utc(time)) {
-        date.zone = "UTC";
-    } else if (icalparameter* id = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER)) {
+    CalendarDate date = dateOf(time);
+    icalparameter* id = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
+    if (date.zone.empty() && id != nullptr) {
         // A zone that only the file itself describes is taken as local time.
         const std::string name = icalparameter_get_tzid(id);
         icaltimezone* zone = icaltimezone_get_builtin_timezone_from_tzid(name.c_str());
         date.zone = zoneNamed(name) != nullptr ? name : zone == nullptr ? "" : icaltimezone_get_location(zone);
     }
     return date;
+}
+
+icalproperty* ownProperty(icalcomponent* in, const char* name) {
+    for (icalproperty* at = icalcomponent_get_first_property(in, ICAL_X_PROPERTY); at != nullptr;
+         at = icalcomponent_get_next_property(in, ICAL_X_PROPERTY)) {
+        const char* found = icalproperty_get_x_name(at);
+        if (found != nullptr && std::string_view(found) == name) {
+            return at;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void setDate(icalcomponent* calendar, icalcomponent* in, icalproperty_kind kind, const CalendarDate& date) {
+    icalproperty* property = icalproperty_new(kind);
+    fill(property, calendar, date);
+    replace(in, property);
+}
+
+std::optional<CalendarDate> dateIn(icalcomponent* in, icalproperty_kind kind) {
+    icalproperty* property = icalcomponent_get_first_property(in, kind);
+    icalvalue* value = property == nullptr ? nullptr : icalproperty_get_value(property);
+    return value == nullptr ? std::nullopt : dateFrom(property, icalvalue_get_datetime(value));
 }
 
 void addAlarm(icalcomponent* to, const CalendarAlarm& alarm, const std::string& shown) {
@@ -237,15 +293,22 @@ void setOwn(icalcomponent* in, const char* name, long value) {
 }
 
 long ownIn(icalcomponent* in, const char* name) {
-    for (icalproperty* at = icalcomponent_get_first_property(in, ICAL_X_PROPERTY); at != nullptr;
-         at = icalcomponent_get_next_property(in, ICAL_X_PROPERTY)) {
-        const char* found = icalproperty_get_x_name(at);
-        if (found != nullptr && std::string_view(found) == name) {
-            const char* value = icalproperty_get_value_as_string(at);
-            return value == nullptr ? 0 : std::strtol(value, nullptr, 10);
-        }
-    }
-    return 0;
+    icalproperty* property = ownProperty(in, name);
+    const char* value = property == nullptr ? nullptr : icalproperty_get_value_as_string(property);
+    return value == nullptr ? 0 : std::strtol(value, nullptr, 10);
+}
+
+void setOwnDate(icalcomponent* calendar, icalcomponent* in, const char* name, const CalendarDate& date) {
+    icalproperty* property = icalproperty_new(ICAL_X_PROPERTY);
+    icalproperty_set_x_name(property, name);
+    fill(property, calendar, date);
+    icalcomponent_add_property(in, property);
+}
+
+std::optional<CalendarDate> ownDateIn(icalcomponent* in, const char* name) {
+    icalproperty* property = ownProperty(in, name);
+    const char* value = property == nullptr ? nullptr : icalproperty_get_value_as_string(property);
+    return value == nullptr ? std::nullopt : dateFrom(property, icaltime_from_string(value));
 }
 
 } // namespace ical

@@ -24,6 +24,13 @@ Component parse(const std::string& text);
 /// The text of the whole, lines ended and folded as the format wants it.
 std::string text(const Component& component);
 
+/// The fields alone; a zone is the property's matter.
+icaltimetype timeOf(const CalendarDate& date);
+/// In UTC.
+icaltimetype utcTime(double moment);
+/// In UTC, or local everywhere.
+CalendarDate dateOf(const icaltimetype& time);
+
 /// Sets a property of this kind to the text, as it stands.
 void setText(icalcomponent* in, icalproperty_kind kind, const std::string& text);
 /// nullopt where there is none.
@@ -44,5 +51,7 @@ std::vector<CalendarAlarm> alarmsIn(icalcomponent* in);
 /// A property of the phone's own, which other programs leave alone.
 void setOwn(icalcomponent* in, const char* name, long value);
 long ownIn(icalcomponent* in, const char* name);
+void setOwnDate(icalcomponent* calendar, icalcomponent* in, const char* name, const CalendarDate& date);
+std::optional<CalendarDate> ownDateIn(icalcomponent* in, const char* name);
 
 } // namespace phone::ical

@@ -4,7 +4,10 @@
 #include "phone/eventkit/AccessRequests.h"
 #include "phone/eventkit/Alarm.h"
 #include "phone/eventkit/Calendar.h"
+#include "phone/eventkit/Event.h"
 #include "phone/eventkit/EventStore.h"
+#include "phone/eventkit/RecurrenceEnd.h"
+#include "phone/eventkit/RecurrenceRule.h"
 #include "phone/eventkit/Reminder.h"
 
 namespace phone {
@@ -15,6 +18,9 @@ void registerEventKitClasses() {
     eventkit::Alarm::definedClass();
     eventkit::CalendarItem::definedClass();
     eventkit::Reminder::definedClass();
+    eventkit::RecurrenceEnd::definedClass();
+    eventkit::RecurrenceRule::definedClass();
+    eventkit::Event::definedClass();
     eventkit::EventStore::definedClass();
     RunLoop::main().setAtRest([] { return eventkit::AccessRequests::shared().answerWaiting(); });
 }

@@ -16,7 +16,7 @@ NSDateComponents checkedCopy(const NSDateComponents& components) {
     if (calendar && !calendar.calendarIdentifier().isEqualToString(objc::borrow<NSString>(NSGregorianCalendar))) {
         raise("NSInvalidArgumentException", "Date components of a reminder must be nil or in the Gregorian calendar");
     }
-    return copyOf(components);
+    return components.send<"copy", NSDateComponents>();
 }
 
 std::optional<CalendarDate> optionalDate(const NSDateComponents& components) {
@@ -50,19 +50,13 @@ EKReminder Reminder::withEventStore(const EKEventStore& store) {
 }
 
 ReminderItem Reminder::item() const {
-    const CalendarItem* common = CalendarItem::of(*this);
-    return {.id = common->id(),
-            .title = common->titleText(),
-            .location = common->locationText(),
-            .notes = common->notesText(),
-            .priority = _priority,
-            .start = optionalDate(_start),
-            .due = optionalDate(_due),
-            .alarms = common->alarmRows(),
-            .completed = unixTime(_completion),
-            .created = common->created,
-            .modified = common->modified,
-            .order = common->order};
+    ReminderItem item;
+    CalendarItem::of(*this)->fill(item);
+    item.priority = _priority;
+    item.start = optionalDate(_start);
+    item.due = optionalDate(_due);
+    item.completed = unixTime(_completion);
+    return item;
 }
 
 objc::Int Reminder::priority() {

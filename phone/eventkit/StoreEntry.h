@@ -17,7 +17,7 @@ nlohmann::json shown(SEL selector);
 nlohmann::json shown(bool value);
 nlohmann::json shown(std::floating_point auto value) { return nlohmann::json(value).dump(); }
 template <class T>
-    requires std::is_enum_v<T> || std::same_as<T, objc::Int>
+    requires std::is_enum_v<T> || std::same_as<T, objc::Int> || std::same_as<T, objc::UInt>
 nlohmann::json shown(T value) {
     return std::to_string(static_cast<objc::Int>(value));
 }

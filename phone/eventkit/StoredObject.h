@@ -15,6 +15,7 @@ public:
     StoreNumber store() const { return _store; }
     void setStore(StoreNumber store) { _store = store; }
     bool isUnsaved() const { return _isNew; }
+    bool isChanged() const { return _hasChanges; }
     void setChanged() { _hasChanges = true; }
     void setSaved() {
         _isNew = false;

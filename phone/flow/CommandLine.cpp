@@ -101,6 +101,9 @@ int printRecords(const Given& given) {
     const auto replace = nlohmann::ordered_json::error_handler_t::replace;
     const std::string text = given.json ? all.dump(2, ' ', false, replace) + "\n" : recordsTable(all);
     std::fputs(text.c_str(), stdout);
+    for (const std::string& broken : brokenRecords(root)) {
+        std::fprintf(stderr, "%s\n", broken.c_str());
+    }
     return EXIT_SUCCESS;
 }
 

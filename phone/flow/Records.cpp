@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstdio>
 #include <filesystem>
 #include <vector>
 
@@ -85,6 +86,79 @@ ordered_json reminders(const std::string& root, const std::string& zone) {
     return all;
 }
 
+/// Whole days stand as days.
+ordered_json eventDate(const std::optional<CalendarDate>& fields, const std::string& zone) {
+    if (!fields || !fields->isDay) {
+        return date(fields, zone);
+    }
+    std::array<char, 48> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", fields->year, fields->month, fields->day);
+    return text.data();
+}
+
+/// In seconds from the start; an alarm at a moment has no such distance where the start is missing.
+ordered_json alarmOffsets(const EventItem& event, const std::string& zone) {
+    ordered_json all = ordered_json::array();
+    for (const CalendarAlarm& alarm : event.alarms) {
+        if (!alarm.moment) {
+            all.push_back(static_cast<long>(alarm.offset));
+        } else if (event.start) {
+            all.push_back(static_cast<long>(*alarm.moment - momentOf(*event.start, zone)));
+        }
+    }
+    return all;
+}
+
+const char* name(Frequency frequency) {
+    switch (frequency) {
+    case Frequency::Daily:
+        return "daily";
+    case Frequency::Weekly:
+        return "weekly";
+    case Frequency::Monthly:
+        return "monthly";
+    case Frequency::Yearly:
+        return "yearly";
+    }
+}
+
+ordered_json recurrence(const std::optional<Recurrence>& given, const std::string& zone) {
+    if (!given) {
+        return nullptr;
+    }
+    return {{"frequency", name(given->frequency)}, {"interval", given->interval}, {"until", date(given->until, zone)}};
+}
+
+ordered_json events(const std::string& root, const std::string& zone) {
+    ordered_json all = ordered_json::array();
+    for (const EventRow& row : CalendarFolder(root, EntityType::Event).events()) {
+        const EventItem& event = row.item;
+        all.push_back({{"calendar", row.calendar},
+                       {"title", event.title},
+                       {"location", orNull(event.location)},
+                       {"start", eventDate(event.start, zone)},
+                       {"end", eventDate(event.end, zone)},
+                       {"allDay", event.isAllDay()},
+                       {"alarms", alarmOffsets(event, zone)},
+                       {"recurrence", recurrence(event.recurrence, zone)}});
+    }
+    return all;
+}
+
+/// "weekly", "every 2 weeks"; "" for none.
+std::string repeats(const ordered_json& recurrence) {
+    if (recurrence.is_null()) {
+        return "";
+    }
+    const long interval = recurrence["interval"];
+    const std::string frequency = recurrence["frequency"];
+    if (interval == 1) {
+        return frequency;
+    }
+    const std::string unit = frequency == "daily" ? "day" : frequency.substr(0, frequency.size() - 2);
+    return "every " + std::to_string(interval) + " " + unit + "s";
+}
+
 std::size_t characterCount(const std::string& utf8) {
     return static_cast<std::size_t>(
         std::count_if(utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
@@ -132,7 +206,17 @@ std::string table(const std::string& name, const Rows& rows) {
 } // namespace
 
 ordered_json records(const std::string& root, const std::string& zone) {
-    return {{"notes", notes(root, zone)}, {"reminders", reminders(root, zone)}, {"events", ordered_json::array()}};
+    return {{"notes", notes(root, zone)}, {"reminders", reminders(root, zone)}, {"events", events(root, zone)}};
+}
+
+std::vector<std::string> brokenRecords(const std::string& root) {
+    std::vector<std::string> all;
+    for (const EntityType type : {EntityType::Reminder, EntityType::Event}) {
+        for (const std::filesystem::path& file : CalendarFolder(root, type).brokenFiles()) {
+            all.push_back(file.string() + ": is no iCalendar file that can be read; passed over");
+        }
+    }
+    return all;
 }
 
 std::string recordsTable(const ordered_json& records) {
@@ -145,7 +229,12 @@ std::string recordsTable(const ordered_json& records) {
         reminders.push_back({cell(reminder["due"]), cell(reminder["list"]), cell(reminder["title"]),
                              std::to_string(reminder["priority"].get<long>())});
     }
-    return table("notes", notes) + table("reminders", reminders);
+    Rows events = {{"START", "CALENDAR", "TITLE", "REPEATS"}};
+    for (const auto& event : records["events"]) {
+        events.push_back(
+            {cell(event["start"]), cell(event["calendar"]), cell(event["title"]), repeats(event["recurrence"])});
+    }
+    return table("notes", notes) + table("reminders", reminders) + table("events", events);
 }
 
 } // namespace phone

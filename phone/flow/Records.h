@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include <string>
+#include <vector>
 
 namespace phone {
 
@@ -11,7 +12,10 @@ namespace phone {
 /// zone's offset. A store that is missing has no records; throws InputError when one cannot be read.
 nlohmann::ordered_json records(const std::string& root, const std::string& zone);
 
-/// The same for a person: one line a record.
+/// What could not be read, and why: one line a file. The other records are there all the same.
+std::vector<std::string> brokenRecords(const std::string& root);
+
+/// The same as `records` for a person: one line a record.
 std::string recordsTable(const nlohmann::ordered_json& records);
 
 } // namespace phone

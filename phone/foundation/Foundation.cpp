@@ -1,6 +1,7 @@
 #include "phone/foundation/Foundation.h"
 
 #include "phone/foundation/Bundle.h"
+#include "phone/foundation/DateComponents.h"
 #include "phone/foundation/FileLog.h"
 #include "phone/foundation/PropertyList.h"
 #include "phone/foundation/Surroundings.h"
@@ -17,6 +18,7 @@ void installFoundation() {
         installPropertyLists();
         installBundles();
         installValues();
+        installDateComponents();
         return true;
     }();
     (void)once;

@@ -42,7 +42,7 @@ public:
     bool saveEvent(const EKEvent& event, EKSpan span, bool commit, NSError* error = nullptr) const;
     /// Writes what was saved without commit; true when there was nothing to write.
     bool commit(NSError* error = nullptr) const;
-    /// Forgets what was not committed.
+    /// Forgets what was not committed; no object that came from it can be used again.
     void reset() const { send<"reset">(); }
 
 private:

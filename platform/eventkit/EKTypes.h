@@ -19,8 +19,14 @@ enum class EKSpan : objc::Int { ThisEvent = 0, FutureEvents = 1 };
 enum class EKErrorCode : objc::Int {
     NoCalendar = 1,
     NoStartDate = 2,
+    NoEndDate = 3,
+    DatesInverted = 4,
     InternalFailure = 5,
     CalendarReadOnly = 6,
+    DurationGreaterThanRecurrence = 7,
+    AlarmGreaterThanRecurrence = 8,
+    InvalidSpan = 13,
+    CalendarDoesNotAllowEvents = 22,
     CalendarDoesNotAllowReminders = 23,
     PriorityIsInvalid = 26,
 };

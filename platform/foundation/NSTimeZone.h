@@ -11,6 +11,8 @@ public:
     static NSTimeZone named(const NSString& name) {
         return objc::sendClass<NSTimeZone, "timeZoneWithName:", NSTimeZone>(name);
     }
+    /// The one that the person is in, unless the application has chosen another.
+    static NSTimeZone defaultTimeZone() { return objc::sendClass<NSTimeZone, "defaultTimeZone", NSTimeZone>(); }
 
     NSString name() const { return send<"name", NSString>(); }
 };

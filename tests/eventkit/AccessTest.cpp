@@ -1,4 +1,5 @@
 #include "phone/device/RunLoop.h"
+#include "platform/foundation/NSNotification.h"
 #include "tests/eventkit/StoreTest.h"
 
 #include <atomic>
@@ -16,6 +17,18 @@ struct Answer {
     std::thread::id thread;
     std::size_t lists = 0;
     bool hasDefault = false;
+};
+
+/// Counts the news of the store.
+class ChangeCounter : public objc::Defines<ChangeCounter, NSObject> {
+public:
+    static constexpr auto objc_name = "AccessTestChangeCounter";
+    static void define(objc::ClassTable<ChangeCounter>& c) { c.def<"storeChanged:", &ChangeCounter::storeChanged>(); }
+
+    int number = 0;
+
+private:
+    void storeChanged(const NSNotification&) { ++number; }
 };
 
 class AccessTest : public StoreTest {
@@ -56,6 +69,7 @@ TEST_F(AccessTest, TheFirstRequestAsksThePersonAndNothingIsAnsweredBefore) {
     EXPECT_EQ(answer.count, 0);
 }
 
+// Holds: access-is-asynchronous
 TEST_F(AccessTest, ThePersonsYesIsAnsweredOnceOnAThreadOfItsOwnAndRemembered) {
     request();
     touchButton("OK");
@@ -77,6 +91,7 @@ TEST_F(AccessTest, ThePersonsNoIsAnsweredAndRemembered) {
     EXPECT_EQ(calendarFolder(EntityType::Reminder).access(), Access::Deny);
 }
 
+// Holds: access-is-asynchronous
 TEST_F(AccessTest, TheSecondRequestAsksNobody) {
     request();
     touchButton("OK");
@@ -183,6 +198,26 @@ TEST_F(AccessTest, AnExceptionInACompletionEndsTheApplication) {
     EXPECT_NE(boot().epitaph().find("NSRangeException"), std::string::npos);
 }
 
+// Holds: no-access-no-calendars
+TEST_F(AccessTest, AGrantIsAnnouncedOnceAndARefusalIsNot) {
+    boot();
+    const auto counter = objc::Ref<ChangeCounter>::make();
+    const auto center = NSNotificationCenter::defaultCenter();
+    center.addObserver(counter, objc::selector<"storeChanged:">(), "EKEventStoreChangedNotification"_ns, nullptr);
+
+    request(EKEntityType::Event);
+    touchButton("Don't Allow");
+    EXPECT_EQ(counter->number, 0);
+
+    request(EKEntityType::Reminder);
+    touchButton("OK");
+    request(EKEntityType::Reminder);
+    settle();
+    EXPECT_EQ(counter->number, 1);
+    center.removeObserver(counter);
+}
+
+// Holds: no-access-no-calendars
 TEST_F(AccessTest, BeforeAccessThereAreNoListsNoDefaultsAndNothingIsSaved) {
     const auto store = this->store();
     const auto reminder = StoreTest::reminder(store);
@@ -194,6 +229,7 @@ TEST_F(AccessTest, BeforeAccessThereAreNoListsNoDefaultsAndNothingIsSaved) {
     EXPECT_TRUE(reminders().empty());
 }
 
+// Holds: access-numbers
 TEST_F(AccessTest, TheStatusIsWhatIsRemembered) {
     useReminders(Access::Deny);
     useEvents(Access::Allow);

@@ -41,13 +41,21 @@ protected:
     /// The code of the error with which saving fails; nullopt when it does not fail.
     static std::optional<long> failure(const EKEventStore& store, const EKReminder& reminder) {
         NSError error;
-        if (store.saveReminder(reminder, true, &error)) {
-            EXPECT_FALSE(error);
-            return std::nullopt;
+        const bool isSaved = store.saveReminder(reminder, true, &error);
+        return failure(isSaved, error);
+    }
+    static std::optional<long> failure(const EKEventStore& store, const EKEvent& event) {
+        NSError error;
+        const bool isSaved = store.saveEvent(event, EKSpan::FutureEvents, true, &error);
+        return failure(isSaved, error);
+    }
+    /// "CLASS MESSAGE" of each entry.
+    static std::vector<std::string> messages(const std::vector<nlohmann::ordered_json>& entries) {
+        std::vector<std::string> all;
+        for (const auto& entry : entries) {
+            all.push_back(entry.at("class").get<std::string>() + " " + entry.at("message").get<std::string>());
         }
-        EXPECT_TRUE(error);
-        EXPECT_NE(phone::text(error.localizedDescription()), "");
-        return error.code();
+        return all;
     }
     static std::vector<std::string> titles(const NSArray& calendars) {
         std::vector<std::string> all;
@@ -55,5 +63,15 @@ protected:
             all.push_back(phone::text(objc::as<EKCalendar>(calendar).title()));
         }
         return all;
+    }
+
+private:
+    static std::optional<long> failure(bool isSaved, const NSError& error) {
+        EXPECT_NE(isSaved, static_cast<bool>(error));
+        if (!error) {
+            return std::nullopt;
+        }
+        EXPECT_NE(phone::text(error.localizedDescription()), "");
+        return error.code();
     }
 };

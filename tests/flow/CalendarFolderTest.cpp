@@ -1,5 +1,6 @@
 #include "phone/eventkit/CalendarFolder.h"
 
+#include "phone/eventkit/EventText.h"
 #include "phone/eventkit/ReminderText.h"
 #include "tests/flow/TemporaryFolder.h"
 
@@ -105,6 +106,50 @@ TEST_F(CalendarFolderTest, PassesOverWhatIsNoReminder) {
     root.write(below(list + "/event.ics"), "BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:1\nEND:VEVENT\nEND:VCALENDAR\n");
 
     EXPECT_EQ(titles(), std::vector<std::string>{"one"});
+}
+
+TEST_F(CalendarFolderTest, NamesTheFilesThatAreBrokenAndLeavesThemAlone) {
+    make();
+    const std::string list = lists.calendars()[0].id;
+    auto reminder = item("one");
+    lists.write(list, reminder);
+    const std::string whole = textOf(item("two"));
+    root.write(below(list + "/broken.ics"), "no calendar at all");
+    root.write(below(list + "/cut.ics"), whole.substr(0, whole.size() / 2));
+    root.write(below(list + "/empty.ics"), "");
+
+    const auto broken = lists.brokenFiles();
+
+    std::vector<std::string> names;
+    for (const auto& file : broken) {
+        names.push_back(file.filename());
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"broken.ics", "cut.ics", "empty.ics"}));
+    EXPECT_EQ(titles(), std::vector<std::string>{"one"});
+    EXPECT_EQ(root.read(below(list + "/broken.ics")), "no calendar at all");
+}
+
+TEST_F(CalendarFolderTest, EventsHaveAFolderAndAnOrderOfTheirOwn) {
+    make();
+    const CalendarFolder calendars(root.path(), EntityType::Event);
+    calendars.create(Access::Allow, {{"Home", true}, {"Work"}});
+    std::vector<std::string> found;
+    for (const int calendar : {1, 0}) {
+        EventItem event;
+        event.id = newIdentifier();
+        event.title = std::to_string(calendar);
+        event.start = event.end = CalendarDate{2026, 5, 16, 9, 0, 0, false, ""};
+        calendars.write(calendars.calendars()[static_cast<std::size_t>(calendar)].id, event);
+        EXPECT_EQ(event.order, 2 - calendar);
+    }
+
+    for (const EventRow& row : calendars.events()) {
+        found.push_back(row.calendar + " " + row.item.title);
+    }
+
+    EXPECT_EQ(found, (std::vector<std::string>{"Work 1", "Home 0"}));
+    EXPECT_TRUE(lists.reminders().empty());
+    EXPECT_TRUE(calendars.brokenFiles().empty());
 }
 
 TEST_F(CalendarFolderTest, ItemsOfOtherProgramsComeAfterThePhonesOwnByTheirAge) {
@@ -234,4 +279,18 @@ TEST(CalendarDate, IsAMomentInItsOwnZoneOrWhereItIsRead) {
     EXPECT_EQ(momentOf(local, "Europe/Berlin"), 1778916600);
     EXPECT_EQ(momentOf(local, "UTC"), 1778923800);
     EXPECT_EQ(momentOf(fixed, "Europe/Berlin"), 1778923800);
+}
+
+TEST(CalendarDate, OfAMomentLeadsBackToIt) {
+    // Around both changes of summer time, every half hour.
+    for (const double around : {1774746000.0, 1792890000.0}) {
+        for (int half = -6; half <= 6; ++half) {
+            const double moment = around + half * 1800;
+            EXPECT_EQ(momentOf(dateAt(moment, "Europe/Berlin"), "UTC"), moment) << half;
+        }
+    }
+    EXPECT_EQ(dateAt(1778916600.5, "Europe/Berlin"), (CalendarDate{2026, 5, 16, 9, 30, 0, false, "Europe/Berlin"}));
+    EXPECT_EQ(dateAt(1778916600, "no zone"), (CalendarDate{2026, 5, 16, 7, 30, 0, false, "UTC"}));
+    EXPECT_EQ(dayAt(1778880600, "Europe/Berlin"), (CalendarDate{2026, 5, 15, 0, 0, 0, true, ""}));
+    EXPECT_EQ(dayAfter({2026, 12, 31, 0, 0, 0, true, ""}, 1), (CalendarDate{2027, 1, 1, 0, 0, 0, true, ""}));
 }

@@ -126,3 +126,57 @@ TEST_F(StoreCommandsTest, RecordsShowRemindersInTheZone) {
               R"({"list":"Tasks","title":"","priority":0,"start":null,"due":null,"alarms":[]})");
     EXPECT_THAT(recordsTable(all), HasSubstr("Milk"));
 }
+
+TEST_F(StoreCommandsTest, RecordsShowEventsInTheZone) {
+    make(Stores());
+    EventItem event;
+    event.id = newIdentifier();
+    event.title = "Lunch";
+    event.location = "Shop";
+    event.start = CalendarDate{2026, 5, 16, 9, 0, 0, false, "Europe/Berlin"};
+    event.end = CalendarDate{2026, 5, 16, 10, 0, 0, false, "Europe/Berlin"};
+    event.alarms = {{std::nullopt, 0}, {std::nullopt, -900}, {1778914800.0 - 60, 0}};
+    event.recurrence = Recurrence{Frequency::Weekly, 2, CalendarDate{2026, 6, 16, 14, 37, 12, false, "UTC"}, 0};
+    events.write(events.calendars()[1].id, event);
+    EventItem days;
+    days.id = newIdentifier();
+    days.start = CalendarDate{2026, 5, 16, 0, 0, 0, true, ""};
+    days.end = CalendarDate{2026, 5, 18, 0, 0, 0, true, ""};
+    days.recurrence =
+        Recurrence{Frequency::Yearly, 1, CalendarDate{2030, 5, 16, 14, 37, 12, false, "Europe/Berlin"}, 0};
+    events.write(events.calendars()[0].id, days);
+    EventItem forever = days;
+    forever.id = newIdentifier();
+    forever.order = 0;
+    forever.recurrence->until.reset();
+    events.write(events.calendars()[0].id, forever);
+
+    const auto all = records(options.root, "Europe/Berlin");
+
+    EXPECT_EQ(all["events"][0].dump(),
+              R"({"calendar":"Work","title":"Lunch","location":"Shop","start":"2026-05-16T09:00:00+02:00",)"
+              R"("end":"2026-05-16T10:00:00+02:00","allDay":false,"alarms":[0,-900,-60],)"
+              R"("recurrence":{"frequency":"weekly","interval":2,"until":"2026-06-16T16:37:12+02:00"}})");
+    EXPECT_EQ(all["events"][1].dump(),
+              R"({"calendar":"Home","title":"","location":null,"start":"2026-05-16","end":"2026-05-18",)"
+              R"("allDay":true,"alarms":[],)"
+              R"("recurrence":{"frequency":"yearly","interval":1,"until":"2030-05-16T14:37:12+02:00"}})");
+    EXPECT_EQ(all["events"][2]["recurrence"].dump(), R"({"frequency":"yearly","interval":1,"until":null})");
+    EXPECT_THAT(recordsTable(all), HasSubstr("  2026-05-16T09:00:00+02:00  Work      Lunch  every 2 weeks\n"));
+    EXPECT_THAT(recordsTable(all), HasSubstr("  2026-05-16                 Home             yearly\n"));
+}
+
+TEST_F(StoreCommandsTest, ABrokenFileIsNamedAndCostsNoOtherRecord) {
+    make(Stores());
+    EventItem event;
+    event.id = newIdentifier();
+    event.start = event.end = CalendarDate{2026, 5, 16, 9, 0, 0, false, ""};
+    const std::string calendar = events.calendars()[0].id;
+    events.write(calendar, event);
+    const std::string broken = folder.write(
+        "root" + std::string(CalendarFolder::devicePath) + "/events/" + calendar + "/broken.ics", "BEGIN:VCALENDAR");
+
+    EXPECT_EQ(records(options.root, "UTC")["events"].size(), 1u);
+    ASSERT_EQ(brokenRecords(options.root).size(), 1u);
+    EXPECT_THAT(brokenRecords(options.root)[0], HasSubstr("broken.ics: "));
+}

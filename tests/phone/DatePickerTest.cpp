@@ -73,6 +73,7 @@ constexpr double march5 = 1772721432; // 2026-03-05T14:37:12Z
 
 } // namespace
 
+// Holds: picker-modes
 TEST_F(DatePicker, OpensAtTheCurrentMomentWithItsSeconds) {
     picker();
 
@@ -93,6 +94,7 @@ TEST_F(DatePicker, StandsWithItsWheelsInTheMiddleOfANarrowerFrame) {
     EXPECT_EQ(attribute(findClass("UIDatePicker").first_child(), "frame"), "-15 0 320 216");
 }
 
+// Holds: picker-keeps-the-raw-date
 TEST_F(DatePicker, KeepsADateAsItIsSetUntilAWheelIsTurned) {
     picker().setDate(at(march5 + 13));
     EXPECT_EQ(date(), "2026-03-05T14:37:25+00:00");
@@ -255,6 +257,7 @@ TEST_F(DatePicker, NamesDaysInGerman) {
     EXPECT_EQ(shown("day"), "Mi. 4. März");
 }
 
+// Holds: picker-modes
 TEST_F(DatePicker, ShowsMonthDayAndYearForDatesAlone) {
     picker().setDatePickerMode(UIDatePickerMode::Date);
 
@@ -294,6 +297,7 @@ TEST_F(DatePicker, GoesBackToTheLastDayOfAShorterMonth) {
     EXPECT_EQ(shown("dayOfMonth"), "28");
 }
 
+// Holds: picker-modes
 TEST_F(DatePicker, ShowsHoursAndMinutesForTimesAlone) {
     useLanguage("de");
     picker().setDatePickerMode(UIDatePickerMode::Time);
@@ -305,6 +309,7 @@ TEST_F(DatePicker, ShowsHoursAndMinutesForTimesAlone) {
     EXPECT_EQ(date(), "2026-03-05T15:37:00+00:00");
 }
 
+// Holds: picker-minimum-keeps-seconds
 TEST_F(DatePicker, KeepsTheSecondsOfAMinimum) {
     picker().setMinimumDate(at(march5));
 

@@ -241,3 +241,5 @@ std::vector<phone::NoteRow> PhoneTest::notes() const {
 std::vector<phone::ReminderRow> PhoneTest::reminders() const {
     return calendarFolder(phone::EntityType::Reminder).reminders();
 }
+
+std::vector<phone::EventRow> PhoneTest::events() const { return calendarFolder(phone::EntityType::Event).events(); }

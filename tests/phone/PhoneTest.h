@@ -92,6 +92,7 @@ public:
     phone::CalendarFolder calendarFolder(phone::EntityType type) const { return {_root.string(), type}; }
     /// In the order of creation.
     std::vector<phone::ReminderRow> reminders() const;
+    std::vector<phone::EventRow> events() const;
 
 protected:
     void TearDown() override;

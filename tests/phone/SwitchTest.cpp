@@ -24,6 +24,7 @@ protected:
 
 } // namespace
 
+// Holds: switch-size
 TEST_F(Switch, KeepsItsOriginAndHasASizeOfItsOwn) {
     EXPECT_EQ(toggle.frame(), CGRect(227, 100, 51, 31));
 
@@ -51,6 +52,7 @@ TEST_F(Switch, IsTurnedBackByASecondTouch) {
     EXPECT_EQ(changes->number, 2);
 }
 
+// Holds: switch-in-code
 TEST_F(Switch, SendsNoActionWhenCodeTurnsIt) {
     toggle.setOn(true);
     toggle.setOn(false, true);

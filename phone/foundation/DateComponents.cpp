@@ -1,0 +1,56 @@
+#include "phone/foundation/DateComponents.h"
+
+#include "phone/foundation/Correct.h"
+#include "platform/foundation/NSDateComponents.h"
+
+namespace phone {
+
+namespace {
+
+template <objc::FixedString Get, objc::FixedString Set>
+void take(const NSDateComponents& from, const NSDateComponents& into) {
+    into.send<Set>(from.send<Get, objc::Int>());
+}
+
+/// Of the caller, as a copy is.
+id copyWithZone(id self, SEL, void*) {
+    const auto from = objc::borrow<NSDateComponents>(self);
+    auto copy = NSDateComponents::make();
+    take<"era", "setEra:">(from, copy);
+    take<"year", "setYear:">(from, copy);
+    take<"quarter", "setQuarter:">(from, copy);
+    take<"month", "setMonth:">(from, copy);
+    take<"day", "setDay:">(from, copy);
+    take<"hour", "setHour:">(from, copy);
+    take<"minute", "setMinute:">(from, copy);
+    take<"second", "setSecond:">(from, copy);
+    take<"weekday", "setWeekday:">(from, copy);
+    take<"weekdayOrdinal", "setWeekdayOrdinal:">(from, copy);
+    take<"weekOfMonth", "setWeekOfMonth:">(from, copy);
+    take<"weekOfYear", "setWeekOfYear:">(from, copy);
+    take<"yearForWeekOfYear", "setYearForWeekOfYear:">(from, copy);
+    copy.setCalendar(from.calendar());
+    copy.setTimeZone(from.timeZone());
+    return copy.relinquish();
+}
+
+id (*dateOf)(id, SEL, id) = nullptr;
+
+id dateFromComponents(id self, SEL selector, id given) {
+    auto components = objc::borrow<NSDateComponents>(given);
+    const auto weekYear = components.send<"yearForWeekOfYear", objc::Int>();
+    if (components && components.year() == NSDateComponents::undefined && weekYear == NSDateComponents::undefined) {
+        components = components.send<"copy", NSDateComponents>();
+        components.setYear(1);
+    }
+    return dateOf(self, selector, components.raw());
+}
+
+} // namespace
+
+void installDateComponents() {
+    correct<"copyWithZone:">(objc::classOf<NSDateComponents>(), &copyWithZone);
+    dateOf = correct<"dateFromComponents:">(objc::classOf<NSCalendar>(), &dateFromComponents);
+}
+
+} // namespace phone
