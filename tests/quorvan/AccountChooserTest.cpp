@@ -7,39 +7,11 @@ namespace {
 class AccountChooser : public CallTest {
 protected:
     void openChooser() { touchAndWait("Account"); }
-    /// The chooser's panel; null while it is not shown.
-    pugi::xml_node chooser() {
-        return tree().select_node("//*[@controller='NoteAccountController']/*[UINavigationBar]").node();
-    }
-    /// What the rows that have a cell read, top to bottom.
-    std::vector<std::string> rows() {
-        std::vector<std::string> texts;
-        for (const auto& cell : chooser().select_nodes(".//*[@row]")) {
-            texts.emplace_back(cell.node().select_node(".//UILabel").node().attribute("text").value());
-        }
-        return texts;
-    }
-    /// The texts of the rows that carry a checkmark.
-    std::vector<std::string> marked() {
-        std::vector<std::string> texts;
-        for (const auto& cell : chooser().select_nodes(".//*[@accessory='checkmark']")) {
-            texts.emplace_back(cell.node().select_node(".//UILabel").node().attribute("text").value());
-        }
-        return texts;
-    }
+    pugi::xml_node chooser() { return CallTest::chooser("NoteAccountController"); }
+    std::vector<std::string> rows() { return CallTest::rows(chooser()); }
+    std::vector<std::string> marked() { return CallTest::marked(chooser()); }
     void pick(const std::string& account) { touchAndWait(account); }
-    void goBack() { touchAndWait("Back"); }
-    /// The value that the note's Account row shows.
-    std::string shownAccount() {
-        return attribute(panel().select_node(".//*[@row='0,0']//UILabel[@align='right']").node(), "text");
-    }
-    static std::vector<std::string> layout(const pugi::xml_node& view) {
-        std::vector<std::string> lines;
-        for (const auto& child : view.children()) {
-            lines.push_back(std::string(child.name()) + " " + child.attribute("frame").value());
-        }
-        return lines;
-    }
+    std::string shownAccount() { return shownValue(0); }
 };
 
 TEST_F(AccountChooser, HasItsPartsInOrder) {

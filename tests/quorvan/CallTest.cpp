@@ -1,5 +1,7 @@
 #include "tests/quorvan/CallTest.h"
 
+#include "phone/flow/Engine.h"
+
 #include <map>
 
 namespace {
@@ -7,6 +9,15 @@ namespace {
 std::string plist(const std::string& body) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n" + body +
            "</dict>\n</plist>\n";
+}
+
+/// The texts of these cells.
+std::vector<std::string> texts(const pugi::xpath_node_set& cells) {
+    std::vector<std::string> found;
+    for (const auto& cell : cells) {
+        found.emplace_back(cell.node().select_node(".//UILabel").node().attribute("text").value());
+    }
+    return found;
 }
 
 } // namespace
@@ -32,10 +43,20 @@ void CallTest::openSheet() {
 
 void CallTest::openNote() { touchAndWait(_german ? "Notiz" : "Note"); }
 
+void CallTest::openEvent() { touchAndWait(_german ? "Ereignis" : "Event"); }
+
 void CallTest::startNote() {
     startCall();
     openSheet();
     openNote();
+}
+
+void CallTest::openReminder() { touchAndWait(_german ? "Erinnerung" : "Reminder"); }
+
+void CallTest::startReminder() {
+    startCall();
+    openSheet();
+    openReminder();
 }
 
 void CallTest::touchAndWait(const pugi::xml_node& element) {
@@ -61,6 +82,15 @@ void CallTest::typeTitle(const std::string& title) {
 void CallTest::done() { touchAndWait(_german ? "Fertig" : "Done"); }
 
 void CallTest::cancel() { touchAndWait(_german ? "Abbrechen" : "Cancel"); }
+
+void CallTest::goBack() { touchAndWait(_german ? "Zurück" : "Back"); }
+
+void CallTest::pickDate(const std::string& localTime) { phone::Engine(boot()).pickDate(localTime); }
+
+void CallTest::toggle(const std::string& label) {
+    phone::Engine(boot()).toggle({.text = phone::TextPattern(label)});
+    settle();
+}
 
 void CallTest::turnOn(const std::vector<int>& switches) {
     nlohmann::json values = nlohmann::json::object();
@@ -93,6 +123,30 @@ pugi::xml_node CallTest::panel() {
         }
     }
     return found;
+}
+
+pugi::xml_node CallTest::chooser(const std::string& className) {
+    const std::string panels = "//*[@controller='" + className + "']/*[UINavigationBar]";
+    return tree().select_node(panels.c_str()).node();
+}
+
+std::vector<std::string> CallTest::layout(const pugi::xml_node& view) {
+    std::vector<std::string> lines;
+    for (const auto& child : view.children()) {
+        lines.push_back(std::string(child.name()) + " " + child.attribute("frame").value());
+    }
+    return lines;
+}
+
+std::vector<std::string> CallTest::rows(const pugi::xml_node& panel) { return texts(panel.select_nodes(".//*[@row]")); }
+
+std::vector<std::string> CallTest::marked(const pugi::xml_node& panel) {
+    return texts(panel.select_nodes(".//*[@accessory='checkmark']"));
+}
+
+std::string CallTest::shownValue(int row) {
+    const std::string value = ".//*[@row='0," + std::to_string(row) + "']//UILabel[@align='right']";
+    return attribute(panel().select_node(value.c_str()).node(), "text");
 }
 
 std::vector<std::string> CallTest::logged(const std::string& what, const std::string& field) {

@@ -31,8 +31,14 @@ protected:
     void openSheet();
     /// The sheet's Note was picked; the note screen has appeared.
     void openNote();
+    /// The sheet's Event was picked; the event screen has appeared.
+    void openEvent();
     /// From the idle phone to the note screen.
     void startNote();
+    /// The sheet's Reminder was picked; the reminder screen has appeared.
+    void openReminder();
+    /// From the idle phone to the reminder screen.
+    void startReminder();
     /// Taps the text and types into it.
     void typeNote(const std::string& text);
     void typeTitle(const std::string& title);
@@ -41,6 +47,12 @@ protected:
     /// Taps the bar button and waits until the call screen is back.
     void done();
     void cancel();
+    /// Leaves a chooser; the compose screen has appeared.
+    void goBack();
+    /// Turns the wheels of the picker on the screen, by touches, to this local time.
+    void pickDate(const std::string& localTime);
+    /// Touches the switch on the line of the label.
+    void toggle(const std::string& label);
 
     /// Turns on exactly these switches.
     void turnOn(const std::vector<int>& switches);
@@ -50,8 +62,18 @@ protected:
     std::string keptText() const;
     static std::string resource(const std::string& name) { return "/Library/Quorvan/" + name; }
 
-    /// The panel of the note screen shown now, as an element of the tree; null when there is none.
+    /// The panel of the compose screen shown now, as an element of the tree; null when there is none.
     pugi::xml_node panel();
+    /// The panel of the chooser of this class; null while it is not shown.
+    pugi::xml_node chooser(const std::string& className);
+    /// What lies directly in a view, back to front: "CLASS FRAME".
+    static std::vector<std::string> layout(const pugi::xml_node& view);
+    /// What the rows of the panel's table that have a cell read, top to bottom.
+    static std::vector<std::string> rows(const pugi::xml_node& panel);
+    /// The texts of the rows that carry a checkmark.
+    static std::vector<std::string> marked(const pugi::xml_node& panel);
+    /// What a row of the compose screen's panel shows beside its name.
+    std::string shownValue(int row);
     pugi::xml_node noteText() { return panel().child("UITextView"); }
     pugi::xml_node titleField() { return panel().child("UITextField"); }
     std::string shownText() { return attribute(noteText(), "text"); }
