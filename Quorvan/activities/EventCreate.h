@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Quorvan/activities/ShareActivity.h"
+#include "Quorvan/event/EventController.h"
 
 namespace quorvan {
 
@@ -11,6 +12,7 @@ public:
     static constexpr auto titleKey = "Event";
     static constexpr auto type = "com.tovesk.calendarevent";
     static constexpr auto image = "Events.png";
+    using Compose = EventController;
 };
 
 } // namespace quorvan

@@ -7,8 +7,7 @@
 
 namespace quorvan {
 
-/// T names its values: `titleKey`, `type`, `image`, and `Compose`, the class of its compose screen. While T
-/// has no `Compose` the sheet finds nothing to open, and shows the activity as unavailable.
+/// T names its values: `titleKey`, `type`, `image`, and `Compose`, the class of its compose screen.
 template <class T>
 class ShareActivity : public objc::Defines<T, UIActivity> {
 public:
@@ -17,10 +16,8 @@ public:
             .template overrides<"activityType", &T::activityType>()
             .template overrides<"activityImage", &T::activityImage>()
             .template overrides<"canPerformWithActivityItems:", &T::canPerformWithActivityItems>()
-            .template overrides<"prepareWithActivityItems:", &T::prepareWithActivityItems>();
-        if constexpr (requires { typename T::Compose; }) {
-            c.template overrides<"activityViewController", &T::activityViewController>();
-        }
+            .template overrides<"prepareWithActivityItems:", &T::prepareWithActivityItems>()
+            .template overrides<"activityViewController", &T::activityViewController>();
     }
 
     NSString activityTitle() const { return localized(T::titleKey); }

@@ -21,6 +21,7 @@ void writeCalendars(const EKEventStore& store, EKEntityType kind, const NSString
 
 void fetchCalendars(EKEntityType kind, const char* identifiersFile, const char* titlesFile) {
     const auto store = EKEventStore::make();
+    identifiers = objc::make<NSMutableArray>();
     if (!objc::responds<"requestAccessToEntityType:completion:">(store)) {
         return;
     }

@@ -11,7 +11,8 @@
 
 namespace quorvan {
 
-/// Fetches the store's calendars of one kind, with a request for access, and writes their files.
+/// Forgets the calendars fetched before, fetches the store's of one kind, with a request for access, and writes
+/// their files.
 void fetchCalendars(EKEntityType kind, const char* identifiersFile, const char* titlesFile);
 /// Reads the two files into the shared variables; nil for one that is missing.
 void readCalendars(const char* identifiersFile, const char* titlesFile);
@@ -19,7 +20,7 @@ void readCalendars(const char* identifiersFile, const char* titlesFile);
 NSString savedTitle(objc::Int row);
 
 /// T names its values: `kind`, `identifiersFile`, `titlesFile`, `controllerTitle`, `barTitle`, `reload`,
-/// and gives its shared variables: `marked()`, `choice()` and `shown()`.
+/// gives its shared variables, `marked()`, `choice()` and `shown()`, and keeps its `table()`.
 template <class T>
 class CalendarChooser : public objc::Defines<T, UIViewController> {
 public:
@@ -37,11 +38,9 @@ public:
             .template def<"tableView:didSelectRowAtIndexPath:", &T::didSelectRow>()
             .template action<"back:", &T::back>();
     }
-    ~CalendarChooser() { forgetDelegates(_table); }
 
     void initWithNibName(const NSString& nib, const NSObject& bundle) {
         this->template super<"initWithNibName:bundle:">(nib, bundle);
-        identifiers = objc::make<NSMutableArray>();
         fetchCalendars(T::kind, T::identifiersFile, T::titlesFile);
     }
 
@@ -57,7 +56,7 @@ public:
     UIView reminderList() {
         ChooserFrame frame(*this, chooserSize, localized(T::barTitle));
         frame.addBar();
-        _table = frame.addTable(*this);
+        static_cast<T&>(*this).table() = frame.addTable(*this);
         return frame.finish();
     }
 
@@ -79,9 +78,6 @@ public:
     }
 
     void back(const objc::Object&) { popToCompose(*this, T::reload); }
-
-private:
-    UITableView _table;
 };
 
 } // namespace quorvan

@@ -40,8 +40,8 @@ UIView makeBack(const UIViewController& chooser) {
 
 } // namespace
 
-ChooserFrame::ChooserFrame(const UIViewController& chooser, CGSize size, const NSString& title)
-    : _title(title), _panel(makePanel(size)), _bar(makeBar(size.width)), _back(makeBack(chooser)) {
+ChooserFrame::ChooserFrame(const UIViewController& chooser, CGSize size, const NSString& title, CGPoint origin)
+    : _title(title), _panel(makePanel(size, origin)), _bar(makeBar(size.width)), _back(makeBack(chooser)) {
     _bar.topItem().setTitle(_title); // deliberate, though the bar has no item yet and nothing hears it
 }
 
@@ -66,8 +66,11 @@ void ChooserFrame::addBar() {
 
 UITableView ChooserFrame::addTable(const UIViewController& chooser) {
     const CGSize size = _panel.frame().size;
-    const auto table =
-        UITableView::withFrame({0, barHeight, size.width, size.height - barHeight}, UITableViewStyle::Plain);
+    return addTable(chooser, {0, barHeight, size.width, size.height - barHeight});
+}
+
+UITableView ChooserFrame::addTable(const UIViewController& chooser, CGRect frame) {
+    const auto table = UITableView::withFrame(frame, UITableViewStyle::Plain);
     table.setDelegate(chooser);
     table.setDataSource(chooser);
     _panel.addSubview(table);
@@ -109,18 +112,26 @@ void forgetDelegates(const UITableView& table) {
     table.setDataSource(nullptr);
 }
 
-UITableViewCell plainCell(const UITableView& table, const NSString& text) {
-    const auto identifier = "Cell"_ns;
-    auto cell = table.dequeue(identifier);
-    if (!cell) {
-        cell = UITableViewCell::with(0, identifier);
+void forgetDelegates(const UITableView& table, const objc::Object& screen) {
+    if (table.send<"delegate", id>() == screen.raw()) {
+        forgetDelegates(table);
     }
+}
+
+UITableViewCell cellWithIdentifier(const UITableView& table, const NSString& identifier) {
+    const auto cell = table.dequeue(identifier);
+    return cell ? cell : UITableViewCell::with(0, identifier);
+}
+
+UITableViewCell plainCell(const UITableView& table, const NSString& text) {
+    const auto cell = cellWithIdentifier(table, "Cell"_ns);
     cell.textLabel().setText(text);
     return cell;
 }
 
 UITableViewCell moveCheckmark(const UITableView& table, objc::Int markedBefore, const NSIndexPath& tapped) {
-    table.cellForRow(NSIndexPath::forRow(markedBefore, 0)).setAccessoryType(UITableViewCellAccessoryType::None);
+    const auto before = NSIndexPath::forRow(markedBefore, tapped.section());
+    table.cellForRow(before).setAccessoryType(UITableViewCellAccessoryType::None);
     const auto cell = table.cellForRow(tapped);
     cell.setAccessoryType(UITableViewCellAccessoryType::Checkmark);
     return cell;
@@ -134,6 +145,11 @@ void popToCompose(const UIViewController& chooser, Reload rows) {
     if (rows == Reload::AfterThePop) {
         accountName->reloadData();
     }
+}
+
+void popToSecond(const UIViewController& chooser) {
+    const UINavigationController navigation = chooser.navigationController();
+    navigation.popTo(navigation.viewControllers().at<UIViewController>(1), true);
 }
 
 } // namespace quorvan

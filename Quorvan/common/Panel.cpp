@@ -3,6 +3,7 @@
 #include "Quorvan/common/Resources.h"
 #include "Quorvan/note/LineCreator.h"
 #include "platform/uikit/UIDevice.h"
+#include "platform/uikit/UIScreen.h"
 
 namespace quorvan {
 
@@ -17,8 +18,12 @@ UIColor grey() { return UIColor::rgba(192 / 255.0, 192 / 255.0, 192 / 255.0, 1);
 
 CGSize notePanelSize() { return isTablet() ? CGSize{538, 250} : CGSize{panelWidth, 225}; }
 
-UIView makePanel(CGSize size) {
-    const auto panel = UIView::withFrame({panelOrigin, size});
+CGPoint quarterOrigin(CGFloat panelHeight) {
+    return {panelOrigin.x, (UIScreen::main().bounds().size.height - panelHeight) / 4};
+}
+
+UIView makePanel(CGSize size, CGPoint origin) {
+    const auto panel = UIView::withFrame({origin, size});
     panel.setBackgroundColor(UIColor::white());
     return panel;
 }
@@ -101,23 +106,6 @@ void glide(const char* name, const UIView& view, CGPoint center) {
     glide(name, ^{
       view.setCenter(center);
     });
-}
-
-UIView makeAccessory(const RowAccessory& row, const NSString& value) {
-    const auto accessory = UIView::withFrame(row.frame);
-    accessory.setBackgroundColor(UIColor::clear());
-
-    const auto label = UILabel::withFrame(row.value);
-    label.setText(value);
-    label.setTextAlignment(NSTextAlignment::Right);
-    label.setFont(UIFont::system(row.fontSize));
-    label.setTextColor(grey());
-    accessory.addSubview(label);
-
-    const auto arrow = UIImageView::withFrame(row.arrow);
-    arrow.setImage(picture("arrow.png"));
-    accessory.addSubview(arrow);
-    return accessory;
 }
 
 } // namespace quorvan

@@ -1,5 +1,4 @@
-/// The look that every screen of the library shares: a small white panel with a bar of its own, hairlines,
-/// and rows that show a value and an arrow.
+/// The look that every screen of the library shares: a small white panel with a bar of its own, and hairlines.
 #pragma once
 
 #include "platform/uikit/UIImageView.h"
@@ -17,6 +16,8 @@ UIColor grey();
 
 /// Where a panel is made, before it is centred.
 inline constexpr CGPoint panelOrigin{15, 20.6};
+/// Where some panels of the event's screens are made: a quarter of the space beside them down the screen.
+CGPoint quarterOrigin(CGFloat panelHeight);
 inline constexpr CGFloat barHeight = 44;
 /// What a panel without tablet geometry measures across.
 inline constexpr CGFloat panelWidth = 290;
@@ -25,7 +26,7 @@ inline constexpr CGFloat panelWidth = 290;
 CGSize notePanelSize();
 
 /// A white panel without content.
-UIView makePanel(CGSize size);
+UIView makePanel(CGSize size, CGPoint origin = panelOrigin);
 /// An empty bar for the top of a panel.
 UINavigationBar makeBar(CGFloat width);
 /// Rounds the panel's corners and clips its content to them.
@@ -50,15 +51,5 @@ void fade(const UIView& panel, CGFloat alpha, void (^completion)());
 void glide(const char* name, void (^change)());
 /// The same, moving the view's centre.
 void glide(const char* name, const UIView& view, CGPoint center);
-
-/// The frames of a row's accessory: its container, and in it the value and the arrow.
-struct RowAccessory {
-    CGRect frame;
-    CGRect value;
-    CGRect arrow;
-    CGFloat fontSize = 14;
-};
-/// A clear view that shows the value, right-aligned and grey, and the arrow after it.
-UIView makeAccessory(const RowAccessory& row, const NSString& value);
 
 } // namespace quorvan

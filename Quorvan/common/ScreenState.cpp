@@ -20,6 +20,25 @@ constinit objc::Int preSelection = 0;
 constinit objc::Global<NSDate> remDate;
 constinit objc::Global<UIDatePicker> myPicker;
 
+constinit objc::Global<NSDate> startingDate;
+constinit objc::Global<NSDate> endingDate;
+constinit objc::Global<NSString> dateRange;
+constinit objc::Global<NSString> elist;
+constinit objc::Global<NSString> eRemind;
+constinit objc::Int chosenNum = -1;
+constinit objc::Int prevSelect = 0;
+constinit objc::Int preSelect = -1;
+constinit bool allDayer = false;
+constinit objc::Global<UITableView> dateOcccur;
+constinit objc::Global<NSString> startDate;
+constinit objc::Global<NSString> endDate;
+constinit objc::Global<UIDatePicker> startPicker;
+constinit objc::Global<UIDatePicker> endPicker;
+constinit objc::Global<UITableView> eRemindTable;
+constinit objc::Global<NSString> eventRemindEnd;
+constinit objc::Global<NSDate> eventRemindEndDate;
+constinit objc::Global<UIDatePicker> endrPicker;
+
 constinit objc::Global<UIView> reminderView;
 constinit objc::Global<UISwitch> allDayAllNight;
 constinit bool neverOrNot = true;
@@ -27,12 +46,5 @@ constinit objc::Global<NSArray> identifiers;
 constinit objc::Global<NSArray> identifiersSaved;
 constinit objc::Global<NSMutableArray> titlesSaved;
 constinit objc::Global<UITableView> accountName;
-
-void releaseRows(const objc::Object& screen) {
-    if (accountName->send<"delegate", id>() == screen.raw()) {
-        accountName->setDelegate(nullptr);
-        accountName->setDataSource(nullptr);
-    }
-}
 
 } // namespace quorvan

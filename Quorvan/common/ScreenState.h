@@ -31,6 +31,26 @@ extern objc::Int preSelection;              // the row of the priority chooser m
 extern objc::Global<NSDate> remDate;        // the alarm's date; nil until one was picked
 extern objc::Global<UIDatePicker> myPicker; // the alarm date chooser's picker
 
+// The event composer.
+extern objc::Global<NSDate> startingDate;       // when the event starts
+extern objc::Global<NSDate> endingDate;         // when it ends
+extern objc::Global<NSString> dateRange;        // what the Date row shows
+extern objc::Global<NSString> elist;            // what the Calendar row shows
+extern objc::Global<NSString> eRemind;          // what the Repeat row shows
+extern objc::Int chosenNum;                     // the chosen calendar's place in the store; negative: the default one
+extern objc::Int prevSelect;                    // the row of the calendar chooser marked last
+extern objc::Int preSelect;                     // the chosen repetition's row, 0 to 5; negative: none was chosen
+extern bool allDayer;                           // the event is all-day
+extern objc::Global<UITableView> dateOcccur;    // the date form's table
+extern objc::Global<NSString> startDate;        // what the form's Start row shows
+extern objc::Global<NSString> endDate;          // what the form's End row shows
+extern objc::Global<UIDatePicker> startPicker;  // the start chooser's picker
+extern objc::Global<UIDatePicker> endPicker;    // the end chooser's picker
+extern objc::Global<UITableView> eRemindTable;  // the repeat chooser's table
+extern objc::Global<NSString> eventRemindEnd;   // what the repeat chooser's End Date row shows
+extern objc::Global<NSDate> eventRemindEndDate; // when the repetition ends; nil until one was picked
+extern objc::Global<UIDatePicker> endrPicker;   // the repeat end chooser's picker
+
 // Shared by the composers.
 extern objc::Global<UIView> reminderView;        // the panel of the reminder or event screen built last
 extern objc::Global<UISwitch> allDayAllNight;    // the switch of the chooser built last
@@ -39,8 +59,5 @@ extern objc::Global<NSArray> identifiers;        // the calendars that a list ch
 extern objc::Global<NSArray> identifiersSaved;   // the identifiers file as read last, or the lists fetched for saving
 extern objc::Global<NSMutableArray> titlesSaved; // the titles file as read last: a list chooser's rows
 extern objc::Global<UITableView> accountName;    // the settings table of the compose screen open now
-
-/// Ends what the settings table tells this screen, which is going: the variable keeps the table.
-void releaseRows(const objc::Object& screen);
 
 } // namespace quorvan

@@ -80,11 +80,7 @@ UIView NoteAccountController::createNote() {
     const CGFloat line = hairline();
     ChooserFrame frame(*this, size, localized("Account"));
     frame.addBar();
-    nAtable = UITableView::withFrame({0, barHeight + line, size.width, size.height - line - barHeight},
-                                     UITableViewStyle::Plain);
-    nAtable.setDataSource(*this);
-    nAtable.setDelegate(*this);
-    frame.panel().addSubview(nAtable);
+    nAtable = frame.addTable(*this, {0, barHeight + line, size.width, size.height - line - barHeight});
     return frame.finish(line);
 }
 

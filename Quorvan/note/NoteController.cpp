@@ -4,6 +4,7 @@
 #include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
 #include "Quorvan/common/ScreenState.h"
+#include "Quorvan/common/SettingRows.h"
 #include "Quorvan/note/KeptText.h"
 #include "Quorvan/note/NoteAccountController.h"
 #include "platform/foundation/NSNotification.h"
@@ -78,7 +79,7 @@ NoteController::~NoteController() {
     // The panel built last stays in the shared variables, and it does not keep its delegates alive.
     note.setDelegate(nullptr);
     titleField.setDelegate(nullptr);
-    releaseRows(*this);
+    forgetDelegates(accountName, *this);
     NSNotificationCenter::defaultCenter().removeObserver(*this);
 }
 
@@ -142,11 +143,7 @@ UIView NoteController::createNote() {
     }
     addText(panel);
 
-    accountName = UITableView::withFrame({0, textHeight() + barHeight, width, line + 43}, UITableViewStyle::Plain);
-    accountName->setDelegate(*this);
-    accountName->setDataSource(*this);
-    panel.addSubview(accountName);
-    accountName->setScrollEnabled(false);
+    addSettingsTable(panel, *this, {0, textHeight() + barHeight, width, line + 43});
 
     addSeparator(panel, {0, (barHeight - line) + textHeight(), width, line});
     addSeparator(panel, {0, barHeight, width, line});
@@ -247,10 +244,10 @@ objc::Int NoteController::numberOfSections(const UITableView&) { return 1; }
 objc::Int NoteController::numberOfRows(const UITableView&, objc::Int) { return 1; }
 
 UITableViewCell NoteController::cellForRow(const UITableView& table, const NSIndexPath&) {
-    const auto cell = plainCell(table, localized("Account"));
-    cell.setAccessoryView(makeAccessory(
-        {.frame = {103, 0, 150, 28}, .value = {0, 5, 139.5, 17}, .arrow = {141.5, 8.5, 7, 10.5}}, nAccount));
-    return cell;
+    return settingCell(
+        table, {.key = "Account",
+                .accessory = {.frame = {103, 0, 150, 28}, .value = {0, 5, 139.5, 17}, .arrow = {141.5, 8.5, 7, 10.5}},
+                .value = nAccount});
 }
 
 void NoteController::didSelectRow(const UITableView&, const NSIndexPath& path) {

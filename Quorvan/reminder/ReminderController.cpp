@@ -1,24 +1,13 @@
 #include "Quorvan/reminder/ReminderController.h"
 
-#include "Quorvan/common/ChooserFrame.h"
-#include "Quorvan/common/Panel.h"
-#include "Quorvan/common/Resources.h"
-#include "Quorvan/common/ScreenState.h"
 #include "Quorvan/reminder/ReminderDate.h"
 #include "Quorvan/reminder/ReminderList.h"
 #include "Quorvan/reminder/ReminderPriority.h"
 #include "platform/foundation/NSCharacterSet.h"
-#include "platform/uikit/UIScreen.h"
 
 namespace quorvan {
 
 namespace {
-
-constexpr const char* panelMove = "theBox";
-constexpr CGSize panelSize{panelWidth, 270};
-
-/// What the screen allows for the keyboard, in points, whatever keyboard there is.
-constexpr CGFloat keyboardAllowance = 216;
 
 bool hasLineBreak(const NSString& text) {
     return text.rangeOfCharacterFromSet(NSCharacterSet::newlines()).location != NSNotFound && !isEmpty(text);
@@ -27,67 +16,34 @@ bool hasLineBreak(const NSString& text) {
 } // namespace
 
 void ReminderController::define(objc::ClassTable<ReminderController>& c) {
-    c.init<"initWithNibName:bundle:", &ReminderController::initWithNibName>()
-        .overrides<"viewDidLoad", &ReminderController::viewDidLoad>()
-        .overrides<"viewWillAppear:", &ReminderController::viewWillAppear>()
-        .overrides<"viewDidAppear:", &ReminderController::viewDidAppear>()
-        .get<"activity", &ReminderController::_activity>()
-        .set<"setActivity:", &ReminderController::_activity>()
-
+    ComposeScreen::define(c);
+    c.overrides<"viewDidLoad", &ReminderController::viewDidLoad>()
         .def<"createReminder", &ReminderController::createReminder>()
-        .def<"returnMethod", &ReminderController::returnMethod>()
 
         .conforms("UITextViewDelegate")
         .def<"textView:shouldChangeTextInRange:replacementText:", &ReminderController::shouldChangeText>()
         .def<"textViewDidBeginEditing:", &ReminderController::textViewDidBeginEditing>()
         .def<"textViewDidEndEditing:", &ReminderController::textViewDidEndEditing>()
 
-        .conforms("UITableViewDataSource")
-        .def<"numberOfSectionsInTableView:", &ReminderController::numberOfSections>()
-        .def<"tableView:numberOfRowsInSection:", &ReminderController::numberOfRows>()
-        .def<"tableView:cellForRowAtIndexPath:", &ReminderController::cellForRow>()
-        .conforms("UITableViewDelegate")
-        .def<"tableView:didSelectRowAtIndexPath:", &ReminderController::didSelectRow>()
-
         .action<"done:", &ReminderController::done>()
         .action<"cancel:", &ReminderController::cancel>();
 }
 
-void ReminderController::initWithNibName(const NSString& nib, const NSObject& bundle) {
-    super<"initWithNibName:bundle:">(nib, bundle);
-}
-
-ReminderController::~ReminderController() {
-    // The panel built last stays in the shared variables, and it does not keep its delegates alive.
-    note.setDelegate(nullptr);
-    releaseRows(*this);
-}
+// The panel built last stays in the shared variables, and its text does not keep its delegate alive.
+ReminderController::~ReminderController() { note.setDelegate(nullptr); }
 
 void ReminderController::viewDidLoad() {
     super<"viewDidLoad">();
-    startChooser(*this, UIScreen::main().bounds().size, localized("Reminder"));
+    startChooser(*this, localized("Reminder"));
     reminderView = createReminder();
-    reminderView->setCenter(view().center());
-    view().addSubview(reminderView);
+    showPanel(*this, reminderView);
     type = localized("None");
     rlist = localized("List");
     rDate = localized("Never");
 }
 
-void ReminderController::viewWillAppear(bool) {
-    if (note) {
-        setEverythingHidden(view(), false);
-    }
-}
-
-void ReminderController::viewDidAppear(bool) {
-    if (isOn(setting::focusAtOnce)) {
-        note.becomeFirstResponder();
-    }
-}
-
 UIView ReminderController::createReminder() {
-    const auto panel = makePanel(panelSize);
+    const auto panel = makePanel(composeSize);
     addComposeBar(panel, *this, localized("Reminder"));
 
     note = UITextView::withFrame({0, barHeight, panelWidth, 94.5});
@@ -98,22 +54,8 @@ UIView ReminderController::createReminder() {
     note.setTextColor(grey());
     panel.addSubview(note);
 
-    accountName = UITableView::withFrame({0, 139.5, panelWidth, 174.5}, UITableViewStyle::Plain);
-    accountName->setDelegate(*this);
-    accountName->setDataSource(*this);
-    panel.addSubview(accountName);
-    accountName->setScrollEnabled(false);
-
-    addSeparator(panel, {0, 139, panelWidth, 0.5});
-    roundCorners(panel);
-    addSeparator(panel, {0, barHeight, panelWidth, 0.5});
+    finishComposePanel(panel, *this);
     return panel;
-}
-
-/// Nothing asks for it; kept for whoever does.
-void ReminderController::returnMethod() {
-    accountName->reloadData();
-    (void)cellForRow(accountName, NSIndexPath::forRow(2, 0));
 }
 
 /// A line break ends the editing instead of entering the text, typed or pasted.
@@ -126,7 +68,7 @@ bool ReminderController::shouldChangeText(const UITextView& textView, NSRange, c
 }
 
 void ReminderController::textViewDidBeginEditing(const UITextView& textView) {
-    glide(panelMove, textView.superview(), centerAboveKeyboard(view(), keyboardAllowance));
+    makeRoomForKeyboard(*this, textView.superview());
     if (textView.text().isEqualToString(placeholder("Description"))) {
         textView.setText(""_ns);
         textView.setTextColor(UIColor::black());
@@ -135,7 +77,7 @@ void ReminderController::textViewDidBeginEditing(const UITextView& textView) {
 }
 
 void ReminderController::textViewDidEndEditing(const UITextView& textView) {
-    glide(panelMove, textView.superview(), view().center());
+    centerPanel(*this, textView.superview());
     if (isEmpty(textView.text())) {
         textView.setText(placeholder("Description"));
         textView.setTextColor(grey());
@@ -143,45 +85,36 @@ void ReminderController::textViewDidEndEditing(const UITextView& textView) {
     textView.resignFirstResponder();
 }
 
-objc::Int ReminderController::numberOfSections(const UITableView&) { return 1; }
+void ReminderController::endEditing() { note.resignFirstResponder(); }
 
-objc::Int ReminderController::numberOfRows(const UITableView&, objc::Int) { return 3; }
-
-UITableViewCell ReminderController::cellForRow(const UITableView& table, const NSIndexPath& path) {
-    struct Row {
-        const char* key;
-        const NSString& value;
-    };
-    const Row rows[] = {{"List", rlist}, {"Remind me", rDate}, {"Priority", type}};
-    const Row& row = rows[path.row() == 0 || path.row() == 1 ? path.row() : 2];
-    const auto cell = plainCell(table, localized(row.key));
-    cell.setAccessoryView(
-        makeAccessory({.frame = {173, 0, 117, 28}, .value = {0, 5, 108, 17}, .arrow = {110, 8.5, 7, 10.5}}, row.value));
-    return cell;
+Setting ReminderController::settingAt(objc::Int row) {
+    constexpr RowAccessory accessory{
+        .frame = {173, 0, 117, 28}, .value = {0, 5, 108, 17}, .arrow = {110, 8.5, 7, 10.5}};
+    switch (row) {
+    case 0:
+        return {"List", accessory, rlist};
+    case 1:
+        return {"Remind me", accessory, rDate};
+    default:
+        return {"Priority", accessory, type};
+    }
 }
 
-void ReminderController::didSelectRow(const UITableView&, const NSIndexPath& path) {
-    accountName->cellForRow(path).setSelected(false, true);
-    setEverythingHidden(view(), true); // shown again when the chooser is popped
-    note.resignFirstResponder();
-    UIViewController chooser;
-    switch (path.row()) {
+UIViewController ReminderController::chooserAt(objc::Int row) {
+    switch (row) {
     case 0:
-        chooser = objc::Ref<ReminderList>::make();
-        break;
+        return objc::Ref<ReminderList>::make();
     case 1:
-        chooser = objc::Ref<ReminderDate>::make();
-        break;
+        return objc::Ref<ReminderDate>::make();
     default:
-        chooser = objc::Ref<ReminderPriority>::make();
+        return objc::Ref<ReminderPriority>::make();
     }
-    navigationController().push(chooser, true);
 }
 
 void ReminderController::cancel(const objc::Object&) {
-    const UIActivity activity = _activity;
+    const auto self = objc::as<objc::Ref<ReminderController>>(*this);
     fade(reminderView, 0, ^{
-      activity.activityDidFinish(true);
+      self->activity().activityDidFinish(true);
     });
 }
 

@@ -1,40 +1,36 @@
 /// One reminder being written: a panel with its text and the rows for list, alarm and priority.
 #pragma once
 
-#include "platform/uikit/UIActivity.h"
-#include "platform/uikit/UINavigationController.h"
-#include "platform/uikit/UITableView.h"
+#include "Quorvan/common/ComposeScreen.h"
 #include "platform/uikit/UITextView.h"
 
 class EKEventStore;
 
 namespace quorvan {
 
-class ReminderController : public objc::Defines<ReminderController, UIViewController> {
+class ReminderController : public ComposeScreen<ReminderController> {
 public:
     static constexpr auto objc_name = "ReminderController";
     static void define(objc::ClassTable<ReminderController>& c);
     ~ReminderController();
 
 private:
-    // Life
-    void initWithNibName(const NSString& nib, const NSObject& bundle);
+    friend class ComposeScreen<ReminderController>;
+
+    // Building
     void viewDidLoad();
-    void viewWillAppear(bool animated);
-    void viewDidAppear(bool animated);
     UIView createReminder();
-    void returnMethod();
 
     // Text
     bool shouldChangeText(const UITextView& textView, NSRange range, const NSString& replacement);
     void textViewDidBeginEditing(const UITextView& textView);
     void textViewDidEndEditing(const UITextView& textView);
 
-    // Rows
-    objc::Int numberOfSections(const UITableView& table);
-    objc::Int numberOfRows(const UITableView& table, objc::Int section);
-    UITableViewCell cellForRow(const UITableView& table, const NSIndexPath& path);
-    void didSelectRow(const UITableView& table, const NSIndexPath& path);
+    // For every compose screen
+    const UITextView& input() const { return note; }
+    void endEditing();
+    static Setting settingAt(objc::Int row);
+    static UIViewController chooserAt(objc::Int row);
 
     // Done and Cancel
     void done(const objc::Object& sender); // ReminderSaving.cpp
@@ -42,7 +38,6 @@ private:
     void save(const EKEventStore& store);
 
     UITextView note; // nil until the panel is built
-    UIActivity _activity;
 };
 
 } // namespace quorvan

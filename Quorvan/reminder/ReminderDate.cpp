@@ -1,10 +1,10 @@
 #include "Quorvan/reminder/ReminderDate.h"
 
 #include "Quorvan/common/ChooserFrame.h"
+#include "Quorvan/common/DateText.h"
 #include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
 #include "Quorvan/common/ScreenState.h"
-#include "platform/foundation/NSDateFormatter.h"
 
 namespace quorvan {
 
@@ -12,9 +12,7 @@ namespace {
 
 /// Takes over what the picker shows.
 void takeDate() {
-    const auto formatter = NSDateFormatter::make();
-    formatter.setDateFormat("dd/MM HH:mm"_ns);
-    rDate = formatter.string(myPicker->date());
+    rDate = dateText(myPicker->date(), "dd/MM HH:mm");
     remDate = myPicker->date();
 }
 

@@ -17,6 +17,11 @@ public:
     static objc::Int& marked() { return prevSelection; }
     static objc::Int& choice() { return chosen; }
     static objc::Global<NSString>& shown() { return rlist; }
+    UITableView& table() { return rListTable; }
+    ~ReminderList() { forgetDelegates(rListTable); }
+
+private:
+    UITableView rListTable;
 };
 
 } // namespace quorvan

@@ -28,8 +28,8 @@ void ReminderPriority::initWithNibName(const NSString& nib, const NSObject& bund
 ReminderPriority::~ReminderPriority() { forgetDelegates(reminderPriorTable); }
 
 void ReminderPriority::viewDidLoad() {
-    super<"viewDidLoad">();
     type = localized("None"); // deliberate: the row forgets, the priority chosen before stays
+    super<"viewDidLoad">();
     startChooser(*this, "Reminder"_ns);
     showPanel(*this, reminderList());
 }

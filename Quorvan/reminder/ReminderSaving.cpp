@@ -42,7 +42,7 @@ void ReminderController::done(const objc::Object&) {
           }
         });
     }
-    _activity.activityDidFinish(true);
+    activity().activityDidFinish(true);
 }
 
 /// Runs on a thread of the store's choosing, when the screen may be gone already.

@@ -35,7 +35,7 @@ EntityType checked(EKEntityType type) {
 } // namespace
 
 void EventStore::define(objc::ClassTable<EventStore>& c) {
-    c.init<"init", &EventStore::init>();
+    c.init<"init", &EventStore::init>().overrides<"respondsToSelector:", &EventStore::answers>();
 
     c.classMethod<"authorizationStatusForEntityType:", &EventStore::authorizationStatus>()
         .def<"requestAccessToEntityType:completion:", &EventStore::requestAccess>();
@@ -55,6 +55,11 @@ void EventStore::init() {
     super<"init">();
     logMessage(*this, "init");
     _number = nextNumber();
+}
+
+bool EventStore::answers(SEL selector) {
+    logMessage(*this, "respondsToSelector:", selector);
+    return super<"respondsToSelector:", bool>(selector);
 }
 
 EKAuthorizationStatus EventStore::authorizationStatus(EKEntityType type) {

@@ -33,6 +33,7 @@ private:
     };
 
     void init();
+    bool answers(SEL selector);
     static EKAuthorizationStatus authorizationStatus(EKEntityType type);
     void requestAccess(EKEntityType type, const AccessRequests::Completion& completion);
     NSArray calendars(EKEntityType type);

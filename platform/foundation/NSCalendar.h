@@ -14,6 +14,7 @@ inline constexpr objc::UInt Day = 16;
 inline constexpr objc::UInt Hour = 32;
 inline constexpr objc::UInt Minute = 64;
 inline constexpr objc::UInt Second = 128;
+inline constexpr objc::UInt Weekday = 512;
 } // namespace NSCalendarUnit
 
 class NSCalendar : public NSObject {

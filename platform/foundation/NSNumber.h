@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/coregraphics/CGGeometry.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/NSString.h"
 
 class NSValue : public NSObject {
 public:
@@ -26,4 +26,6 @@ public:
     bool boolValue() const { return send<"boolValue", bool>(); }
     objc::Int integerValue() const { return send<"integerValue", objc::Int>(); }
     double doubleValue() const { return send<"doubleValue", double>(); }
+    /// In plain digits, whatever the locale.
+    NSString stringValue() const { return send<"stringValue", NSString>(); }
 };

@@ -20,6 +20,8 @@ public:
     const char* UTF8String() const { return send<"UTF8String", const char*>(); }
     bool isEqualToString(const NSString& other) const { return send<"isEqualToString:", bool>(other); }
     bool boolValue() const { return send<"boolValue", bool>(); }
+    /// 0 for a text that begins with no number.
+    objc::Int integerValue() const { return send<"integerValue", objc::Int>(); }
     NSRange rangeOfString(const NSString& part) const { return send<"rangeOfString:", NSRange>(part); }
     NSRange rangeOfCharacterFromSet(const NSCharacterSet& set) const {
         return send<"rangeOfCharacterFromSet:", NSRange>(set);

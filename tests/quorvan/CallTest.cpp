@@ -43,6 +43,8 @@ void CallTest::openSheet() {
 
 void CallTest::openNote() { touchAndWait(_german ? "Notiz" : "Note"); }
 
+void CallTest::openEvent() { touchAndWait(_german ? "Ereignis" : "Event"); }
+
 void CallTest::startNote() {
     startCall();
     openSheet();
@@ -88,6 +90,14 @@ void CallTest::pickDate(const std::string& localTime) { phone::Engine(boot()).pi
 void CallTest::toggle(const std::string& label) {
     phone::Engine(boot()).toggle({.text = phone::TextPattern(label)});
     settle();
+}
+
+void CallTest::withholdRequests() {
+    const auto answers = [](id, SEL, SEL) { return false; };
+    const Class store = objc_getClass("EKEventStore");
+    const SEL selector = objc::selector<"respondsToSelector:">();
+    class_replaceMethod(store, selector, reinterpret_cast<IMP>(+answers),
+                        method_getTypeEncoding(class_getInstanceMethod(store, selector)));
 }
 
 void CallTest::turnOn(const std::vector<int>& switches) {

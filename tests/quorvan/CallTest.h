@@ -31,10 +31,12 @@ protected:
     void openSheet();
     /// The sheet's Note was picked; the note screen has appeared.
     void openNote();
-    /// From the idle phone to the note screen.
-    void startNote();
     /// The sheet's Reminder was picked; the reminder screen has appeared.
     void openReminder();
+    /// The sheet's Event was picked; the event screen has appeared.
+    void openEvent();
+    /// From the idle phone to the note screen.
+    void startNote();
     /// From the idle phone to the reminder screen.
     void startReminder();
     /// Taps the text and types into it.
@@ -51,6 +53,9 @@ protected:
     void pickDate(const std::string& localTime);
     /// Touches the switch on the line of the label.
     void toggle(const std::string& label);
+
+    /// From now on calendar stores do not answer that they can be asked for access, as before platform 6.
+    void withholdRequests();
 
     /// Turns on exactly these switches.
     void turnOn(const std::vector<int>& switches);

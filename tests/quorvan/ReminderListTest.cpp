@@ -1,3 +1,4 @@
+#include "phone/foundation/FileFaults.h"
 #include "tests/quorvan/BrokenFiles.h"
 #include "tests/quorvan/CallTest.h"
 
@@ -40,6 +41,24 @@ protected:
             found.emplace_back(title.node().text().get());
         }
         return found;
+    }
+    /// L0 to L11: more than the panel shows.
+    void useTwelveLists() {
+        std::vector<phone::CalendarStore> lists;
+        for (int i = 0; i < 12; ++i) {
+            lists.push_back({"L" + std::to_string(i)});
+        }
+        useReminders(Access::Allow, lists);
+    }
+    /// A finger moves the rows up, as far as they go.
+    void scrollToTheEnd() {
+        for (int i = 0; i < 3; ++i) {
+            touch(phone::Screen::Phase::Began, 160, 400);
+            touch(phone::Screen::Phase::Moved, 160, 300);
+            touch(phone::Screen::Phase::Moved, 160, 200);
+            touch(phone::Screen::Phase::Ended, 160, 200);
+            settle();
+        }
     }
     /// What was done to the two files, in order: "ACTION NAME OK".
     Texts fileActions() {
@@ -119,17 +138,94 @@ TEST_F(ReminderListChooser, AsksThePersonAtTheFirstOpeningAndIsFilledAtTheNext) 
     EXPECT_FALSE(find("OK"));
 }
 
-TEST_F(ReminderListChooser, LeftWhileThePersonIsStillAskedIsFilledAtTheNextOpening) {
+TEST_F(ReminderListChooser, CannotBeLeftWhileThePersonIsAsked) {
     start();
     startReminder();
+
     open();
 
-    boot().advance(5);
+    EXPECT_FALSE(find("Back").attribute("touch"));
     touchAndWait("OK");
-    goBack();
+    EXPECT_TRUE(find("Back").attribute("touch"));
+}
+
+TEST_F(ReminderListChooser, OutlivesTheCallWhileThePersonIsAsked) {
+    start();
+    startReminder();
+    typeNote("milk");
     open();
 
-    EXPECT_EQ(rows(), (Texts{"Tasks", "Shopping", "Work"}));
+    phoneCall("cancel");
+    advance(5);
+    touchAndWait("Don't Allow");
+    goBack();
+
+    EXPECT_EQ(shownText(), "milk");
+    EXPECT_FALSE(exists(identifiersFile()));
+}
+
+TEST_F(ReminderListChooser, WritesNothingWhereTheStoreCannotBeAsked) {
+    writeTitles({"Garden"});
+    useReminders(Access::Allow);
+    start();
+    startReminder();
+    withholdRequests();
+
+    openTwice();
+
+    EXPECT_EQ(rows(), (Texts{"Garden"}));
+    EXPECT_EQ(logged("store", "message"), (Texts{"init", "init"}));
+}
+
+TEST_F(ReminderListChooser, AMissingBundleShowsTheKeys) {
+    remove(resource("Translations.bundle"));
+    start();
+    startReminder();
+
+    open();
+
+    EXPECT_TRUE(chooser().select_node("UINavigationBar/UILabel[@text='List']"));
+    EXPECT_TRUE(find("Back"));
+}
+
+TEST_F(ReminderListChooser, KeepsTheOldFileWhereItCannotBeWritten) {
+    writeTitles({"Garden"});
+    useReminders(Access::Allow);
+    start();
+    startReminder();
+    const phone::FileFaults readOnly(phone::FileFaults::Disk::ReadOnly, "/Library/Quorvan");
+
+    openTwice();
+
+    EXPECT_EQ(rows(), (Texts{"Garden"}));
+}
+
+// The cells are the platform's to reuse, and nothing takes their checkmarks off.
+TEST_F(ReminderListChooser, ShowsTheCheckmarkOfAReusedCellOnAnotherRow) {
+    useTwelveLists();
+    start();
+    startReminder();
+    openTwice();
+    touchAndWait("L0");
+
+    scrollToTheEnd();
+
+    EXPECT_EQ(marked().size(), 1U);
+    EXPECT_NE(marked(), (Texts{"L0"}));
+}
+
+TEST_F(ReminderListChooser, TakesATapWhileTheRowMarkedBeforeIsOutOfSight) {
+    useTwelveLists();
+    start();
+    startReminder();
+    openTwice();
+    touchAndWait("L0");
+    scrollToTheEnd();
+
+    touchAndWait("L11");
+    goBack();
+
+    EXPECT_EQ(shownValue(0), "L11");
 }
 
 TEST_F(ReminderListChooser, DeniedWritesNothingAndShowsWhatTheFileHeld) {

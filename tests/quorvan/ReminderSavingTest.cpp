@@ -1,3 +1,4 @@
+#include "phone/foundation/FileFaults.h"
 #include "tests/quorvan/CallTest.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +54,21 @@ protected:
     phone::ReminderRow saved() {
         const auto all = reminders();
         return all.empty() ? phone::ReminderRow() : all.back();
+    }
+    /// The request, the saving and the activity's end as they came.
+    Texts order() {
+        Texts steps;
+        for (const auto& entry : log()) {
+            const bool isStore = entry.at("what") == "store";
+            if (entry.at("what") == "finish") {
+                steps.emplace_back("finish");
+            } else if (isStore && entry.at("message") == "requestAccessToEntityType:completion:") {
+                steps.emplace_back("request");
+            } else if (isStore && entry.at("message") == "saveReminder:commit:error:") {
+                steps.emplace_back("save");
+            }
+        }
+        return steps;
     }
     bool isBackOnTheCallScreen() { return !panel() && isVisible("mute"); }
     /// The messages from the request for saving on.
@@ -149,19 +165,9 @@ TEST_F(ReminderSaving, TheActivityEndsWithoutWaitingForTheAnswer) {
 
     done();
 
-    Texts order;
-    for (const auto& entry : log()) {
-        if (entry.at("what") == "finish") {
-            EXPECT_EQ(entry.at("class"), "ReminderMake");
-            EXPECT_EQ(entry.at("completed"), true);
-            order.emplace_back("finish");
-        } else if (entry.at("what") == "store" && entry.at("message") == "requestAccessToEntityType:completion:") {
-            order.emplace_back("request");
-        } else if (entry.at("what") == "store" && entry.at("message") == "saveReminder:commit:error:") {
-            order.emplace_back("save");
-        }
-    }
-    EXPECT_EQ(order, (Texts{"request", "finish", "save"}));
+    EXPECT_EQ(order(), (Texts{"request", "finish", "save"}));
+    EXPECT_EQ(logged("finish", "class"), (Texts{"ReminderMake"}));
+    EXPECT_EQ(logged("finish", "completed"), (Texts{"true"}));
 }
 
 TEST_F(ReminderSaving, TheScreenDoesNotFadeOut) {
@@ -220,9 +226,62 @@ TEST_F(ReminderSaving, AnEarlyAnswerSavesBeforeTheActivityEnds) {
 
     done();
 
+    EXPECT_EQ(order(), (Texts{"request", "save", "finish"}));
     ASSERT_EQ(reminders().size(), 1U);
     EXPECT_EQ(saved().item.title, "milk");
     EXPECT_TRUE(isBackOnTheCallScreen());
+}
+
+TEST_F(ReminderSaving, AStoreThatCannotBeAskedSavesNothing) {
+    startTyped();
+    withholdRequests();
+
+    done();
+
+    EXPECT_TRUE(reminders().empty());
+    EXPECT_EQ(logged("store", "message"), (Texts{"init"}));
+    EXPECT_EQ(order(), (Texts{"finish"}));
+    EXPECT_TRUE(isBackOnTheCallScreen());
+}
+
+TEST_F(ReminderSaving, TheFirstReminderEverOutlivesTheCall) {
+    useReminders(Access::Ask);
+    startTyped();
+    done();
+
+    phoneCall("cancel");
+    advance(5);
+    touchAndWait("OK");
+
+    ASSERT_EQ(reminders().size(), 1U);
+    EXPECT_EQ(saved().item.title, "milk");
+}
+
+TEST_F(ReminderSaving, WhatWasDeniedMayBeAllowedLater) {
+    useReminders(Access::Deny);
+    startTyped();
+    done();
+    calendarFolder(phone::EntityType::Reminder).setAccess(Access::Allow);
+
+    openAnother("eggs");
+    done();
+
+    ASSERT_EQ(reminders().size(), 1U);
+    EXPECT_EQ(saved().item.title, "eggs");
+}
+
+TEST_F(ReminderSaving, AFullDiskFailsInSilence) {
+    startTyped();
+    {
+        const phone::FileFaults full(phone::FileFaults::Disk::Full, "/var/mobile/Library/Calendar");
+        done();
+    }
+
+    EXPECT_TRUE(reminders().empty());
+    EXPECT_TRUE(isBackOnTheCallScreen());
+    openAnother("eggs");
+    done();
+    EXPECT_EQ(reminders().size(), 1U);
 }
 
 TEST_F(ReminderSaving, TheUntouchedPlaceholderIsNotSaved) {

@@ -1,0 +1,31 @@
+/// The rows of a screen that name settings: each shows a value and an arrow, and opens a chooser.
+#pragma once
+
+#include "platform/uikit/UITableView.h"
+#include "platform/uikit/UIViewController.h"
+
+namespace quorvan {
+
+/// The frames of a row's accessory: its container, and in it the value and the arrow.
+struct RowAccessory {
+    CGRect frame;
+    CGRect value;
+    CGRect arrow;
+    CGFloat fontSize = 14;
+};
+/// A clear view that shows the value, right-aligned and grey, and the arrow after it.
+UIView makeAccessory(const RowAccessory& row, const NSString& value);
+
+/// What a row reads: the key of its word, and the value.
+struct Setting {
+    const char* key;
+    RowAccessory accessory;
+    const NSString& value;
+};
+UITableViewCell settingCell(const UITableView& table, const Setting& setting);
+
+/// Adds the settings table of a compose screen, kept as `accountName`, with the screen as its delegate and
+/// data source.
+void addSettingsTable(const UIView& panel, const UIViewController& screen, CGRect frame);
+
+} // namespace quorvan
