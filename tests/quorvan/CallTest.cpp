@@ -88,7 +88,9 @@ void CallTest::goBack() { touchAndWait(_german ? "Zurück" : "Back"); }
 void CallTest::pickDate(const std::string& localTime) { phone::Engine(boot()).pickDate(localTime); }
 
 void CallTest::toggle(const std::string& label) {
-    phone::Engine(boot()).toggle({.text = phone::TextPattern(label)});
+    phone::Selector selector;
+    selector.text = phone::TextPattern(label);
+    phone::Engine(boot()).toggle(selector);
     settle();
 }
 

@@ -79,6 +79,23 @@ protected:
             done();
         }
     }
+    /// Every screen of an event.
+    void writeEvents(int times) {
+        for (int i = 0; i < times; ++i) {
+            openSheet();
+            openEvent();
+            for (const auto& way : std::vector<std::vector<std::string>>{
+                     {"Calendar"}, {"Date", "Start"}, {"Date", "End"}, {"Repeat", "End Date"}}) {
+                for (const auto& row : way) {
+                    touchAndWait(row);
+                }
+                for (std::size_t back = 0; back < way.size(); ++back) {
+                    goBack();
+                }
+            }
+            cancel();
+        }
+    }
     Counts growth(int times) {
         openAndCancel(warmUp);
         const Counts before = counts();
@@ -129,6 +146,19 @@ TEST_F(Openings, ThatEndWithASavedNoteLeaveNothingBehind) {
 
     const Counts before = counts();
     writeNotes(few);
+
+    EXPECT_EQ(difference(before, counts()), Counts());
+}
+
+TEST_F(Openings, OfTheEventsScreensLeaveNothingBehind) {
+    phone::countLiveObjects();
+    useEvents(phone::Access::Allow);
+    start({.app = "older"});
+    startCall();
+    writeEvents(warmUp);
+
+    const Counts before = counts();
+    writeEvents(few);
 
     EXPECT_EQ(difference(before, counts()), Counts());
 }
