@@ -29,7 +29,8 @@ protected:
         Player player(_options);
         testing::internal::CaptureStderr();
         const int status = player.play({Flow::read(folder.write("flow.yaml", commands))});
-        EXPECT_EQ(status, 0) << testing::internal::GetCapturedStderr();
+        const std::string complaints = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(status, 0) << complaints;
     }
     nlohmann::ordered_json recorded(const char* kind) const { return records(_options.root, zone).at(kind); }
     std::string root() const { return _options.root; }
