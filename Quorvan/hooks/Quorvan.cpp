@@ -43,21 +43,24 @@ void olderScreenLoaded(id self, SEL selector) {
 void olderScreenLoadsView(id self, SEL selector) { olderLoadView(self, selector); }
 void olderScreenAppeared(id self, SEL selector, objc::UInt animated) { olderDidAppear(self, selector, animated); }
 
+/// Without those that the system does not know yet.
 NSArray excludedTypes() {
-    const id types[] = {
-        UIActivityTypePrint,
-        UIActivityTypeCopyToPasteboard,
-        UIActivityTypeAssignToContact,
-        UIActivityTypeSaveToCameraRoll,
-        UIActivityTypePostToFacebook,
-        UIActivityTypePostToTwitter,
-        UIActivityTypePostToWeibo,
-        UIActivityTypeAirDrop,
-        UIActivityTypeAddToReadingList,
+    const id* const types[] = {
+        &UIActivityTypePrint,
+        &UIActivityTypeCopyToPasteboard,
+        &UIActivityTypeAssignToContact,
+        &UIActivityTypeSaveToCameraRoll,
+        &UIActivityTypePostToFacebook,
+        &UIActivityTypePostToTwitter,
+        &UIActivityTypePostToWeibo,
+        &UIActivityTypeAirDrop,
+        &UIActivityTypeAddToReadingList,
     };
     const auto excluded = objc::make<NSMutableArray>();
-    for (id type : types) {
-        excluded.add(objc::borrow<NSString>(type));
+    for (const id* type : types) {
+        if (type != nullptr) {
+            excluded.add(objc::borrow<NSString>(*type));
+        }
     }
     return excluded;
 }

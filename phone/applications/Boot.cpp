@@ -23,7 +23,7 @@ void boot(const Settings& chosen, Start start) {
     registerDrawingClasses();
     registerTextClasses();
     registerControllerClasses(); // bars and sheets hold controls
-    registerNotesClasses();
+    provideNotesClasses();
     registerEventKitClasses();
     registerApplicationClasses();
     RunLoop::main().setEndOfCycle(&Application::layoutWindows);

@@ -2,6 +2,7 @@
 
 #include "phone/eventkit/CalendarFolder.h"
 #include "phone/flow/InputError.h"
+#include "phone/notes/NotesFramework.h"
 
 namespace phone {
 
@@ -27,6 +28,7 @@ void makePhone(const fs::path& root, const fs::path& stage, const Stores& stores
         for (const char* folder : folders) {
             fs::create_directories(root / folder);
         }
+        NotesFramework::create(root);
         NotesDatabase::create(root.string() + NotesDatabase::devicePath, stores.notes);
         CalendarFolder(root, EntityType::Reminder).create(stores.reminderAccess, stores.reminders);
         CalendarFolder(root, EntityType::Event).create(stores.eventAccess, stores.events);

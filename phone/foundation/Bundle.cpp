@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <map>
 #include <mutex>
+#include <utility>
 
 namespace phone {
 
@@ -120,6 +121,25 @@ NSString localizedString(const NSBundle& bundle, const NSString& key, const NSSt
     return value.length() == 0 ? key : value;
 }
 
+/// What the bundles bring that the phone has built in, by their paths; nullptr once it has been done.
+std::map<std::string, void (*)()>& provided() {
+    static auto* all = new std::map<std::string, void (*)()>;
+    return *all;
+}
+
+constinit signed char (*loadOwn)(id, SEL) = nullptr;
+
+signed char load(id self, SEL selector) {
+    const auto found = provided().find(text(objc::borrow<NSBundle>(self).send<"bundlePath", NSString>()));
+    if (found == provided().end()) {
+        return loadOwn(self, selector);
+    }
+    if (auto* work = std::exchange(found->second, nullptr)) {
+        work();
+    }
+    return true;
+}
+
 id localizedStringForKey(id self, SEL, id key, id value, id table) {
     const NSString word = localizedString(objc::borrow<NSBundle>(self), objc::borrow<NSString>(key),
                                           objc::borrow<NSString>(value), objc::borrow<NSString>(table));
@@ -132,6 +152,9 @@ id localizedStringForKey(id self, SEL, id key, id value, id table) {
 
 void installBundles() {
     correct<"localizedStringForKey:value:table:">(objc::classOf<NSBundle>(), &localizedStringForKey);
+    loadOwn = correct<"load">(objc::classOf<NSBundle>(), &load);
 }
+
+void provideBundle(const char* devicePath, void (*work)()) { provided()[devicePath] = work; }
 
 } // namespace phone

@@ -11,4 +11,8 @@ namespace phone {
 /// A table is read once in the life of the process.
 void installBundles();
 
+/// The bundle at this device path brings classes that the phone has built in: the first `load` of it does the work
+/// and answers YES, as does every later one. A bundle has to lie there all the same.
+void provideBundle(const char* devicePath, void (*work)());
+
 } // namespace phone

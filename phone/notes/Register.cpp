@@ -1,5 +1,6 @@
 #include "phone/notes/Register.h"
 
+#include "phone/foundation/Bundle.h"
 #include "phone/notes/Account.h"
 #include "phone/notes/Body.h"
 #include "phone/notes/Context.h"
@@ -7,9 +8,12 @@
 #include "phone/notes/ManagedObject.h"
 #include "phone/notes/ManagedObjectContext.h"
 #include "phone/notes/Note.h"
+#include "phone/notes/NotesFramework.h"
 #include "phone/notes/Store.h"
 
 namespace phone {
+
+namespace {
 
 void registerNotesClasses() {
     notes::ManagedObject::definedClass();
@@ -21,5 +25,9 @@ void registerNotesClasses() {
     notes::EntityDescription::definedClass();
     notes::Context::definedClass();
 }
+
+} // namespace
+
+void provideNotesClasses() { provideBundle(NotesFramework::devicePath, &registerNotesClasses); }
 
 } // namespace phone

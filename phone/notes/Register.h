@@ -1,9 +1,10 @@
-/// Registers the classes of the private Notes framework.
+/// The classes of the private Notes framework.
 #pragma once
 
 namespace phone {
 
-/// Before the first library is loaded, after `installFoundation`.
-void registerNotesClasses();
+/// Registers the classes when the framework's bundle is loaded: no phone application does that by itself. Call
+/// after `installFoundation`.
+void provideNotesClasses();
 
 } // namespace phone

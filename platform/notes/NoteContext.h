@@ -1,8 +1,10 @@
-/// The private Notes framework, reached by name at run time: nothing of it is linked, and where it is
-/// absent every handle is nil and every message does nothing.
+/// The private Notes framework, reached by name at run time: nothing of it is linked. A phone application has not
+/// loaded it by itself, so the way into the store loads it; where it is absent every handle is nil and every message
+/// does nothing.
 #pragma once
 
 #include "platform/foundation/NSArray.h"
+#include "platform/foundation/NSBundle.h"
 #include "platform/foundation/NSDate.h"
 #include "platform/foundation/NSNumber.h"
 #include "platform/foundation/NSString.h"
@@ -84,7 +86,12 @@ class NoteContext : public NSObject {
 public:
     static constexpr auto objc_name = "NoteContext";
     using NSObject::NSObject;
-    static NoteContext make() { return objc::make<NoteContext>(); }
+    static NoteContext make() {
+        if (objc_getClass(objc_name) == nullptr) {
+            NSBundle::withPath("/System/Library/PrivateFrameworks/Notes.framework"_ns).load();
+        }
+        return objc::make<NoteContext>();
+    }
 
     NSArray allStores() const { return perform<"allStores", NSArray>(); }
     void enableChangeLogging(bool enabled) const { send<"enableChangeLogging:">(enabled); }

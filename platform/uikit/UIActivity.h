@@ -36,7 +36,8 @@ public:
     }
 };
 
-/// The platform's own activity types: objects that it exports as C constants.
+/// The platform's own activity types: objects that it exports as C constants. The weak ones came with platform 7;
+/// before it their addresses are null.
 extern "C" {
 extern const id UIActivityTypePrint;
 extern const id UIActivityTypeCopyToPasteboard;
@@ -47,6 +48,6 @@ extern const id UIActivityTypePostToTwitter;
 extern const id UIActivityTypePostToWeibo;
 extern const id UIActivityTypeMessage;
 extern const id UIActivityTypeMail;
-extern const id UIActivityTypeAirDrop;
-extern const id UIActivityTypeAddToReadingList;
+extern const id UIActivityTypeAirDrop __attribute__((weak));
+extern const id UIActivityTypeAddToReadingList __attribute__((weak));
 }

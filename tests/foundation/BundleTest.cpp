@@ -1,3 +1,4 @@
+#include "phone/foundation/Bundle.h"
 #include "platform/foundation/NSBundle.h"
 #include "tests/foundation/FoundationTest.h"
 
@@ -34,6 +35,26 @@ TEST_F(BundleTest, AFolderWithoutInformationIsABundle) {
     std::filesystem::create_directories(host(path));
 
     EXPECT_TRUE(bundle());
+}
+
+TEST_F(BundleTest, LoadsOnceWhatThePhoneHasBuiltIn) {
+    static int loads = 0;
+    std::filesystem::create_directories(host("/System/Library/Frameworks/Some.framework"));
+    provideBundle("/System/Library/Frameworks/Some.framework", [] { ++loads; });
+    const auto framework = NSBundle::withPath("/System/Library/Frameworks/Some.framework/"_ns);
+
+    EXPECT_EQ(loads, 0);
+    EXPECT_TRUE(framework.load());
+    EXPECT_TRUE(framework.load());
+
+    EXPECT_EQ(loads, 1);
+}
+
+TEST_F(BundleTest, CannotLoadWhatHasNoCode) {
+    std::filesystem::create_directories(host(path));
+
+    EXPECT_FALSE(bundle().load());
+    EXPECT_FALSE(NSBundle().load());
 }
 
 TEST_F(BundleTest, TheTableMayBeTextInUtf8WithoutAMark) {

@@ -2,6 +2,7 @@
 #include "phone/device/Log.h"
 #include "phone/foundation/Raise.h"
 #include "phone/notes/NotesDatabase.h"
+#include "phone/notes/NotesFramework.h"
 #include "phone/notes/Register.h"
 #include "tests/foundation/FoundationTest.h"
 
@@ -13,7 +14,8 @@ namespace {
 class NoteContextTest : public FoundationTest {
 protected:
     NoteContextTest() {
-        registerNotesClasses();
+        NotesFramework::create(root());
+        provideNotesClasses();
         NotesDatabase::create(path(), {{.name = "LOCAL_NOTES_ACCOUNT", .isDefault = true}, {.name = "Mail"}});
     }
 
@@ -247,7 +249,11 @@ TEST_F(NoteContextTest, NothingStaysAliveAfterItsContext) {
 }
 
 // Holds: notes-classes
-TEST_F(NoteContextTest, TheClassesAreFoundByTheirNames) {
+TEST_F(NoteContextTest, TheClassesAreFoundByTheirNamesOnceTheFrameworkIsLoaded) {
+    EXPECT_EQ(objc_getClass("NoteContext"), nullptr);
+
+    NoteContext::make();
+
     for (const char* name : {"NoteContext", "NoteObject", "NoteBodyObject", "NoteStoreObject", "NoteAccountObject"}) {
         EXPECT_NE(objc_getClass(name), nullptr) << name;
     }

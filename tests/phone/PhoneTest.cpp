@@ -1,5 +1,6 @@
 #include "tests/phone/PhoneTest.h"
 
+#include "phone/notes/NotesFramework.h"
 #include "platform/uikit/UIScreen.h"
 
 #include <algorithm>
@@ -78,6 +79,7 @@ PhoneTest::PhoneTest() : _accounts{{"LOCAL_NOTES_ACCOUNT", true}, {"Mail", false
     _settings.root = _root.string();
     _settings.now = start;
     fs::copy(STAGE_DIRECTORY, _root, fs::copy_options::recursive);
+    phone::NotesFramework::create(_root);
 }
 
 PhoneTest::~PhoneTest() {

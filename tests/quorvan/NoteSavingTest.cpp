@@ -1,3 +1,4 @@
+#include "phone/notes/NotesFramework.h"
 #include "tests/quorvan/CallTest.h"
 
 #include <gtest/gtest.h>
@@ -242,6 +243,35 @@ TEST_F(NoteSaving, ASecondTapOnDoneDuringTheFadeSavesNothingMore) {
 
     EXPECT_EQ(notes().size(), 1U);
     EXPECT_EQ(logged("finish", "class").size(), 1U);
+}
+
+// Holds: notes-framework
+TEST_F(NoteSaving, TheFrameworkIsLoadedWhenTheStoreIsFirstNeeded) {
+    start();
+    startNote();
+    typeNote("milk");
+    EXPECT_EQ(objc_getClass("NoteContext"), nullptr);
+
+    done();
+
+    EXPECT_NE(objc_getClass("NoteContext"), nullptr);
+    EXPECT_EQ(notes().size(), 1U);
+}
+
+TEST_F(NoteSaving, AMissingFrameworkEndsTheNoteAllTheSame) {
+    remove(phone::NotesFramework::devicePath);
+    start();
+    startNote();
+    typeNote("milk");
+    touchAndWait("Account");
+    EXPECT_EQ(rows(chooser("NoteAccountController")).size(), 0U);
+    goBack();
+
+    done();
+
+    EXPECT_TRUE(notes().empty());
+    EXPECT_TRUE(isBackOnTheCallScreen());
+    EXPECT_EQ(logged("finish", "completed"), (std::vector<std::string>{"true"}));
 }
 
 TEST_F(NoteSaving, AMissingStoreFileEndsTheNoteAllTheSame) {
