@@ -73,8 +73,9 @@ std::string xml(const std::string& body) {
     return std::string(xmlHead) + "<plist version=\"1.0\">" + body + "</plist>\n";
 }
 
-BrokenFile content(const std::string& name, const std::string& bytes) {
-    return {name, [bytes](const fs::path& path) { writeFile(path, bytes); }};
+/// What it holds is made when it is put: every test's process makes the list.
+BrokenFile content(const std::string& name, std::function<std::string()> bytes) {
+    return {name, [bytes = std::move(bytes)](const fs::path& path) { writeFile(path, bytes()); }};
 }
 
 void putSparse(const fs::path& path, std::uintmax_t size) {
@@ -111,9 +112,9 @@ std::string binaryPropertyList(const std::vector<std::pair<std::string, std::str
 std::vector<BrokenFile> brokenFiles() {
     return {
         {"Missing", [](const fs::path& path) { fs::remove_all(path); }},
-        content("Empty", ""),
-        content("OneByteZero", std::string(1, '\0')),
-        content("Noise", "\x8f\x02\xff\xfe\x00{(\"<"),
+        content("Empty", [] { return ""; }),
+        content("OneByteZero", [] { return std::string(1, '\0'); }),
+        content("Noise", [] { return "\x8f\x02\xff\xfe\x00{(\"<"; }),
         {"CutInHalf",
          [](const fs::path& path) {
              const std::string whole = fs::is_regular_file(path) ? readFile(path) : "{Title = text;";
@@ -151,33 +152,37 @@ std::vector<BrokenFile> brokenFiles() {
 
 std::vector<BrokenFile> brokenPropertyLists() {
     return {
-        content("ABillionLaughs", entities()),
+        content("ABillionLaughs", [] { return entities(); }),
         content("AnExternalEntity",
-                std::string(xmlHead) +
-                    "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>\n"
-                    "<plist version=\"1.0\"><dict><key>Title</key><string>&a;</string></dict></plist>"),
-        content("DeepXml", xml(repeated("<array>", tooDeep) + repeated("</array>", tooDeep))),
-        content("DeepXmlWithoutEnd", std::string(xmlHead) + "<plist>" + repeated("<dict><key>a</key>", tooDeep)),
-        content("DeepArrays", repeated("(", tooDeep) + repeated(")", tooDeep)),
-        content("DeepArraysWithoutEnd", repeated("(", tooDeep)),
-        content("DeepDictionaries", repeated("{a=", tooDeep) + "b" + repeated(";}", tooDeep)),
-        content("DeepBinary", chain(tooDeep, 1)),
-        content("BinaryBomb", chain(60, 2)),
-        content("BinaryInItself", binary({"\xa1" + reference(0)})),
-        content("BinaryWithoutItsEnd", binaryPropertyList({{"Title", "text"}}).substr(0, 40)),
-        content("BinaryCountBeyondTheFile", binary({"\xaf\x13" + bigEndian(UINT64_MAX >> 1, 8)})),
-        content("BinaryTextBeyondTheFile", binary({"\x5f\x13" + bigEndian(UINT64_MAX, 8)})),
-        content("BinaryDataBeyondTheFile", binary({"\x4f\x13" + bigEndian(UINT64_MAX, 8)})),
-        content("BinaryOfAnUnknownType", binary({"\xf0"})),
-        content("BinaryKeyThatIsNull", binary({"\xd1" + reference(1) + reference(1), std::string(1, '\0')})),
-        content("ArrayForRoot", xml("<array><string>Title</string></array>")),
-        content("TextForRoot", xml("<string>Title</string>")),
-        content("NumberForRoot", xml("<integer>7</integer>")),
-        content("DataForRoot", xml("<data>AAAA</data>")),
-        content("KeysWithoutValues", xml("<dict><key>Title</key><key>Header</key></dict>")),
-        content("ValuesWithoutKeys", xml("<dict><string>Title</string><true/></dict>")),
-        content("BytesThatAreNoText", xml("<dict><key>Title</key><string>\xff\xfe\x80</string></dict>")),
+                [] {
+                    return std::string(xmlHead) +
+                           "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>\n"
+                           "<plist version=\"1.0\"><dict><key>Title</key><string>&a;</string></dict></plist>";
+                }),
+        content("DeepXml", [] { return xml(repeated("<array>", tooDeep) + repeated("</array>", tooDeep)); }),
+        content("DeepXmlWithoutEnd",
+                [] { return std::string(xmlHead) + "<plist>" + repeated("<dict><key>a</key>", tooDeep); }),
+        content("DeepArrays", [] { return repeated("(", tooDeep) + repeated(")", tooDeep); }),
+        content("DeepArraysWithoutEnd", [] { return repeated("(", tooDeep); }),
+        content("DeepDictionaries", [] { return repeated("{a=", tooDeep) + "b" + repeated(";}", tooDeep); }),
+        content("DeepBinary", [] { return chain(tooDeep, 1); }),
+        content("BinaryBomb", [] { return chain(60, 2); }),
+        content("BinaryInItself", [] { return binary({"\xa1" + reference(0)}); }),
+        content("BinaryWithoutItsEnd", [] { return binaryPropertyList({{"Title", "text"}}).substr(0, 40); }),
+        content("BinaryCountBeyondTheFile", [] { return binary({"\xaf\x13" + bigEndian(UINT64_MAX >> 1, 8)}); }),
+        content("BinaryTextBeyondTheFile", [] { return binary({"\x5f\x13" + bigEndian(UINT64_MAX, 8)}); }),
+        content("BinaryDataBeyondTheFile", [] { return binary({"\x4f\x13" + bigEndian(UINT64_MAX, 8)}); }),
+        content("BinaryOfAnUnknownType", [] { return binary({"\xf0"}); }),
+        content("BinaryKeyThatIsNull",
+                [] { return binary({"\xd1" + reference(1) + reference(1), std::string(1, '\0')}); }),
+        content("ArrayForRoot", [] { return xml("<array><string>Title</string></array>"); }),
+        content("TextForRoot", [] { return xml("<string>Title</string>"); }),
+        content("NumberForRoot", [] { return xml("<integer>7</integer>"); }),
+        content("DataForRoot", [] { return xml("<data>AAAA</data>"); }),
+        content("KeysWithoutValues", [] { return xml("<dict><key>Title</key><key>Header</key></dict>"); }),
+        content("ValuesWithoutKeys", [] { return xml("<dict><string>Title</string><true/></dict>"); }),
+        content("BytesThatAreNoText", [] { return xml("<dict><key>Title</key><string>\xff\xfe\x80</string></dict>"); }),
         content("CharactersThatAreNone",
-                xml("<dict><key>Title</key><string>&#0;&#xD800;&#99999999999;&none;</string></dict>")),
+                [] { return xml("<dict><key>Title</key><string>&#0;&#xD800;&#99999999999;&none;</string></dict>"); }),
     };
 }
