@@ -132,6 +132,24 @@ TEST_F(KhalTest, ARepetitionEndsWithTheLastOccurrenceThatIsNotAfterItsEnd) {
               (Lines{"2026-01-31 09:15", "2026-02-14 09:15", "2026-02-28 09:15"}));
 }
 
+TEST_F(KhalTest, ReadsTheDaysOfEachRepetitionWithAnEnd) {
+    const auto days = [&](Frequency frequency, const CalendarDate& end) {
+        for (const EventRow& row : calendars.events()) {
+            calendars.remove(calendars.calendars()[0].id, row.item.id);
+        }
+        return daysOf({frequency, 1, end, 0}, "2040-01-01");
+    };
+
+    EXPECT_EQ(days(Frequency::Daily, at(2026, 2, 2, 9, 15)),
+              (Lines{"2026-01-31 09:15", "2026-02-01 09:15", "2026-02-02 09:15"}));
+    EXPECT_EQ(days(Frequency::Weekly, at(2026, 2, 14, 9, 15)),
+              (Lines{"2026-01-31 09:15", "2026-02-07 09:15", "2026-02-14 09:15"}));
+    EXPECT_EQ(days(Frequency::Monthly, at(2026, 5, 31, 9, 15)),
+              (Lines{"2026-01-31 09:15", "2026-03-31 09:15", "2026-05-31 09:15"}));
+    EXPECT_EQ(days(Frequency::Yearly, at(2028, 1, 31, 9, 15)),
+              (Lines{"2026-01-31 09:15", "2027-01-31 09:15", "2028-01-31 09:15"}));
+}
+
 TEST_F(KhalTest, ARepetitionThatEndsOnAnOccurrencesDayButBeforeItLeavesItOut) {
     EXPECT_EQ(daysOf({Frequency::Weekly, 2, at(2026, 2, 28, 9, 14), 0}, "2027-01-01"),
               (Lines{"2026-01-31 09:15", "2026-02-14 09:15"}));

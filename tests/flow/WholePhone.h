@@ -21,14 +21,15 @@ protected:
         _options.out = folder.path("out");
         _options.executable = BUILD_DIRECTORY "/phone-application";
         _options.phone.zone = zone;
-        _options.phone.now = "2026-03-05T14:37:12";
+        _options.phone.now = "2026-03-05T14:37:12"; // before what a flow says
         makePhone(_options.root, STAGE_DIRECTORY, stores);
     }
     /// Plays these commands as one flow; expects all of them to hold.
-    void play(const std::string& commands) {
+    void play(const std::string& commands) { play({Flow::read(folder.write("flow.yaml", commands))}); }
+    void play(const std::vector<Flow>& flows) {
         Player player(_options);
         testing::internal::CaptureStderr();
-        const int status = player.play({Flow::read(folder.write("flow.yaml", commands))});
+        const int status = player.play(flows);
         const std::string complaints = testing::internal::GetCapturedStderr();
         EXPECT_EQ(status, 0) << complaints;
     }

@@ -50,6 +50,27 @@ protected:
 - tapOn: "Back"
 - waitForAnimationToEnd
 )";
+    static constexpr const char* turnAllDay = R"(
+- tapOn: "Date"
+- waitForAnimationToEnd
+- toggle: "All-day"
+- tapOn: "Back"
+- waitForAnimationToEnd
+)";
+    /// A repetition whose end is not looked at, and what the form of the times shows at first.
+    static constexpr const char* lookAround = R"(
+- tapOn: "Date"
+- waitForAnimationToEnd
+- assertVisible: "14:37"
+- assertVisible: "15:37"
+- tapOn: "Back"
+- waitForAnimationToEnd
+- tapOn: "Repeat"
+- waitForAnimationToEnd
+- tapOn: "Every Week"
+- tapOn: "Back"
+- waitForAnimationToEnd
+)";
     static std::string write(const std::string& text) {
         return "- tapOn: \"Description\"\n- inputText: \"" + text + "\"\n- tapOn: \"Done\"\n- waitForAnimationToEnd\n";
     }
@@ -63,18 +84,19 @@ protected:
 TEST_F(WrittenEvents, CarryNothingOverARestart) {
     make(allowed());
 
-    play(std::string("- launchApp") + openEvent + chooseEverything + write("Lunch") + "- stopApp\n- launchApp" +
-         openEvent + write("Again"));
+    play(std::string("- launchApp") + openEvent + chooseEverything + turnAllDay + write("Lunch") +
+         "- stopApp\n- launchApp" + openEvent + lookAround + write("Again"));
 
     const auto events = recorded("events");
     ASSERT_EQ(events.size(), 2U);
     EXPECT_EQ(events[0].dump(),
-              R"({"calendar":"Work","title":"Lunch","location":null,"start":"2026-03-20T09:15:00+01:00",)"
-              R"("end":"2026-03-20T10:45:00+01:00","allDay":false,"alarms":[0],)"
+              R"({"calendar":"Work","title":"Lunch","location":null,"start":"2026-03-20","end":"2026-03-20",)"
+              R"("allDay":true,"alarms":[0],)"
               R"("recurrence":{"frequency":"weekly","interval":1,"until":"2026-04-03T14:37:00+02:00"}})");
     EXPECT_EQ(events[1].dump(),
               R"({"calendar":"Home","title":"Again","location":null,"start":"2026-03-05T14:37:12+01:00",)"
-              R"("end":"2026-03-05T15:37:12+01:00","allDay":false,"alarms":[0],"recurrence":null})");
+              R"("end":"2026-03-05T15:37:12+01:00","allDay":false,"alarms":[0],)"
+              R"("recurrence":{"frequency":"weekly","interval":1,"until":null}})");
 }
 
 // khal is a calendar program that people use; it knows nothing of the phone.

@@ -1,6 +1,9 @@
 #include "tests/quorvan/CallTest.h"
 
 #include "phone/flow/Engine.h"
+#include "platform/uikit/UILabel.h"
+#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UITableView.h"
 
 #include <map>
 
@@ -157,6 +160,19 @@ std::vector<std::string> CallTest::marked(const pugi::xml_node& panel) {
 std::string CallTest::shownValue(int row) {
     const std::string value = ".//*[@row='0," + std::to_string(row) + "']//UILabel[@align='right']";
     return attribute(panel().select_node(value.c_str()).node(), "text");
+}
+
+std::string CallTest::drawnValue(objc::UInt place, objc::Int row, objc::Int section) {
+    std::string value;
+    run([&] {
+        const auto root = UIApplication::shared().keyWindow().rootViewController();
+        const auto stack = objc::as<UINavigationController>(root.presentedViewController().presentedViewController());
+        const auto screen = stack.viewControllers().at<UIViewController>(place);
+        const auto cell = screen.send<"tableView:cellForRowAtIndexPath:", UITableViewCell>(
+            UITableView(), NSIndexPath::forRow(row, section));
+        value = cell.accessoryView().subviews().at<UILabel>(0).text().UTF8String();
+    });
+    return value;
 }
 
 std::vector<std::string> CallTest::logged(const std::string& what, const std::string& field) {

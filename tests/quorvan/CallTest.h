@@ -77,6 +77,9 @@ protected:
     static std::vector<std::string> marked(const pugi::xml_node& panel);
     /// What a row of the compose screen's panel shows beside its name.
     std::string shownValue(int row);
+    /// What a row of a screen on the navigation stack would show beside its name, were it drawn now. The compose
+    /// screen is the first on the stack.
+    std::string drawnValue(objc::UInt place, objc::Int row, objc::Int section = 0);
     pugi::xml_node noteText() { return panel().child("UITextView"); }
     pugi::xml_node titleField() { return panel().child("UITextField"); }
     std::string shownText() { return attribute(noteText(), "text"); }

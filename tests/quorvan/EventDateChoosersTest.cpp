@@ -213,3 +213,16 @@ TEST_F(EventDateChoosers, AWheelThatStillTurnsWhenTheScreenIsLeftDoesNoHarm) {
     advance(5);
     EXPECT_FALSE(shown());
 }
+
+TEST_F(EventDateChoosers, EveryTurnOfTheWheelsIsTakenAtOnce) {
+    startAt({"Date", "Start"});
+    pickDate("2026-05-16T09:00");
+    EXPECT_EQ(drawnValue(1, 0), "16/05 09:00");
+    goBack();
+    touchAndWait("End");
+
+    pickDate("2026-05-16T10:30");
+
+    EXPECT_EQ(drawnValue(1, 1), "16/05 10:30");
+    EXPECT_EQ(drawnValue(0, 1), "16/05 09:00 - 16/05 10:30");
+}

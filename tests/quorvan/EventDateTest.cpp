@@ -1,4 +1,6 @@
+#include "platform/uikit/UIDatePicker.h"
 #include "platform/uikit/UISwitch.h"
+#include "platform/uikit/UIViewController.h"
 #include "tests/quorvan/EventTest.h"
 
 #include <functional>
@@ -216,4 +218,20 @@ TEST_F(EventDate, TheFormsTextsOutliveAChangeOfNothing) {
 
     EXPECT_EQ(value("Start"), "14:37");
     EXPECT_EQ(dateRow(), "14:37 - 15:37");
+}
+
+TEST_F(EventDate, TheSwitchIsTakenAtOnce) {
+    startDate();
+    touchAndWait("Start"); // its class is there from now on
+    goBack();
+
+    toggle("All-day");
+
+    run([] {
+        const auto made =
+            objc::detail::call<id>(reinterpret_cast<id>(objc_getClass("EventDateStart")), objc::selector<"new">());
+        const auto panel = objc::adopt<UIViewController>(made).view().subviews().at<UIView>(1);
+        const auto picker = panel.subviews().at<UIDatePicker>(1);
+        EXPECT_EQ(picker.datePickerMode(), UIDatePickerMode::Date);
+    });
 }

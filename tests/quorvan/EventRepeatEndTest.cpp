@@ -150,3 +150,14 @@ TEST_F(EventRepeatEnd, TheAllDaySwitchOfTheDateFormIsAnotherOne) {
 
     EXPECT_FALSE(isSwitchOn());
 }
+
+TEST_F(EventRepeatEnd, EveryTurnOfTheWheelsIsTakenAtOnceUnlessItNeverEnds) {
+    startRepeatEnd();
+    pickDate("2026-12-24T14:37");
+    EXPECT_EQ(drawnValue(1, 0), "24/12");
+    toggle("Never");
+
+    pickDate("2026-12-31T14:37");
+
+    EXPECT_EQ(drawnValue(1, 0), "24/12");
+}

@@ -13,6 +13,21 @@ protected:
         touch(phone::Screen::Phase::Ended, 160, 230);
         settle();
     }
+    void scrollUp() {
+        touch(phone::Screen::Phase::Began, 160, 230);
+        touch(phone::Screen::Phase::Moved, 160, 330);
+        touch(phone::Screen::Phase::Moved, 160, 400);
+        touch(phone::Screen::Phase::Ended, 160, 400);
+        settle();
+    }
+    /// How many rows with an arrow have been drawn so far: each reads its picture.
+    std::size_t arrowsRead() {
+        std::size_t count = 0;
+        for (const auto& entry : log("file")) {
+            count += entry.at("path").get<std::string>().find("/arrow") != std::string::npos;
+        }
+        return count;
+    }
     Texts headers() {
         Texts texts;
         for (const auto& header : shown().select_nodes(".//UITableViewHeaderFooterView//UILabel")) {
@@ -124,12 +139,34 @@ TEST_F(EventRepeat, ASecondTapMovesTheMark) {
 
 TEST_F(EventRepeat, AMarkedRowLosesItsMarkOutOfSight) {
     startRepeat();
+    scrollDown();
+    touchAndWait("Every Year");
+    scrollUp();
+    EXPECT_EQ(shown().select_nodes(".//*[@row='1,5']").size(), 0U);
+
     touchAndWait("Every Day");
     scrollDown();
 
-    touchAndWait("Every Year");
+    EXPECT_EQ(marked(), (Texts{"Every Day"}));
+}
 
-    EXPECT_EQ(marked(), (Texts{"Every Year"}));
+TEST_F(EventRepeat, BackDoesNotDrawTheComposeScreensRowsAnew) {
+    startRepeat();
+    const auto before = arrowsRead();
+
+    goBack();
+
+    EXPECT_EQ(arrowsRead(), before);
+}
+
+TEST_F(EventRepeat, AChoiceDrawsTheComposeScreensRowsAnew) {
+    startRepeat();
+    const auto before = arrowsRead();
+
+    touchAndWait("Every Day");
+    goBack();
+
+    EXPECT_GT(arrowsRead(), before);
 }
 
 TEST_F(EventRepeat, OpenedAgainItShowsNoMark) {

@@ -289,6 +289,7 @@ TEST_F(EventSaving, AReadOnlyCalendarTakesNothing) {
 
     done();
 
+    EXPECT_EQ(savingMessages().back(), "saveEvent:span:commit:error:");
     EXPECT_TRUE(events().empty());
     EXPECT_TRUE(isBackOnTheCallScreen());
 }
@@ -299,6 +300,7 @@ TEST_F(EventSaving, WithoutADefaultCalendarFailsInSilence) {
 
     done();
 
+    EXPECT_EQ(savingMessages().back(), "saveEvent:span:commit:error:");
     EXPECT_TRUE(events().empty());
     EXPECT_TRUE(isBackOnTheCallScreen());
 }
@@ -343,6 +345,94 @@ TEST_F(EventSaving, ACallThatEndsWhileAnyScreenIsOpenLosesNothing) {
         EXPECT_TRUE(isVisible("No call"));
     }
     EXPECT_EQ(events().size(), ways.size());
+}
+
+TEST_F(EventSaving, AnEventOutlivesTheCallWhileThePersonIsAsked) {
+    useEvents(Access::Ask);
+    startTyped();
+    done();
+
+    phoneCall("cancel");
+    advance(5);
+    touchAndWait("OK");
+
+    EXPECT_EQ(events().size(), 1U);
+}
+
+TEST_F(EventSaving, TheCalendarChooserOutlivesTheCallWhileThePersonIsAsked) {
+    useEvents(Access::Ask);
+    startTyped();
+    touchAndWait("Calendar");
+
+    phoneCall("cancel");
+    advance(5);
+    touchAndWait("OK");
+    goBack();
+    done();
+
+    EXPECT_EQ(events().size(), 1U);
+}
+
+TEST_F(EventSaving, ASecondTapOnDoneSavesNothingMore) {
+    startTyped();
+    const auto button = find("Done");
+
+    tapOn(button);
+    tapOn(button);
+    settle();
+
+    EXPECT_EQ(events().size(), 1U);
+    EXPECT_EQ(logged("finish", "class").size(), 1U);
+}
+
+TEST_F(EventSaving, UntouchedChoosersSaveTheMomentsAtWhichTheyWereOpened) {
+    startTyped();
+    chooseInterval("Every Week");
+    touchAndWait("Date");
+    setClock("2026-03-05T15:10:45");
+    touchAndWait("Start");
+    goBack();
+    setClock("2026-03-05T15:20:50");
+    touchAndWait("End");
+    goBack();
+    goBack();
+    touchAndWait("Repeat");
+    touchAndWait("End Date");
+    goBack();
+    goBack();
+
+    done();
+
+    EXPECT_EQ(saved(), (Saved{"Home", "Lunch", "", "2026-03-05T15:10:45+00:00", "2026-03-05T16:20:50+00:00",
+                              "weekly 1 until 2026-03-05T15:20:50+00:00"}));
+}
+
+TEST_F(EventSaving, WholeDaysOverMidnightAreTooLongForEveryDay) {
+    startTypedAt("2026-03-05T23:40", "UTC");
+    touchAndWait("Date");
+    toggle("All-day");
+    goBack();
+    chooseInterval("Every Day");
+
+    done();
+
+    EXPECT_TRUE(events().empty());
+    EXPECT_EQ(savingMessages().back(), "saveEvent:span:commit:error:");
+}
+
+TEST_F(EventSaving, TheStartIsFirstSetToThePresent) {
+    startTyped();
+    setClock("2026-03-05T16:00:00");
+
+    done();
+
+    std::vector<std::string> starts;
+    for (const auto& entry : log("store")) {
+        if (entry.at("message") == "setStartDate:") {
+            starts.push_back(entry.at("arguments").at(0));
+        }
+    }
+    EXPECT_EQ(starts, (std::vector<std::string>{"2026-03-05T16:00:00Z", "2026-03-05T14:37:12Z"}));
 }
 
 TEST_F(EventSaving, GermanScreensSaveTheSame) {

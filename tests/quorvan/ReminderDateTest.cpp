@@ -102,6 +102,16 @@ TEST_F(ReminderDateChooser, TakesTheDateThatItsWheelsShow) {
     EXPECT_EQ(reminders()[0].item.due, (phone::CalendarDate{2026, 3, 5, 14, 7, 0, false, ""}));
 }
 
+TEST_F(ReminderDateChooser, TakesEveryTurnOfTheWheelsAtOnce) {
+    start();
+    startReminder();
+    open();
+
+    pickDate("2026-03-06T09:00");
+
+    EXPECT_EQ(drawnValue(0, 1), "06/03 09:00");
+}
+
 TEST_F(ReminderDateChooser, TellsTheRowsTextWithoutAYear) {
     start();
     startReminder();

@@ -1,0 +1,61 @@
+// The flows of the main job, one after the other on one phone, as `script/run` plays them.
+
+#include "tests/flow/WholePhone.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+
+namespace phone {
+namespace {
+
+class Flows : public WholePhone {
+protected:
+    /// All flows of the folder, in the order of a shell's pattern.
+    static std::vector<Flow> inFolder(const std::string& folder) {
+        std::vector<std::string> files;
+        for (const auto& entry : std::filesystem::directory_iterator(SOURCE_DIRECTORY "/" + folder)) {
+            if (entry.path().extension() == ".yaml") {
+                files.push_back(entry.path().string());
+            }
+        }
+        std::sort(files.begin(), files.end());
+        std::vector<Flow> flows;
+        for (const std::string& file : files) {
+            flows.push_back(Flow::read(file));
+        }
+        return flows;
+    }
+    /// How many records have each value.
+    std::map<std::string, int> counted(const char* kind, const char* key) const {
+        std::map<std::string, int> counts;
+        for (const auto& record : recorded(kind)) {
+            ++counts[record.at(key).get<std::string>()];
+        }
+        return counts;
+    }
+    using Counts = std::map<std::string, int>;
+};
+
+TEST_F(Flows, OfTheMainJobLeaveRecordsOfAllKinds) {
+    make();
+
+    play(inFolder("flows"));
+
+    EXPECT_EQ(counted("reminders", "title"),
+              (Counts{{"Anna 1", 4}, {"Angebot schicken", 1}, {"Send the offer", 1}}));
+    EXPECT_EQ(counted("events", "title"), (Counts{{"Anna 2", 4}, {"Lunch with Anna", 1}}));
+    EXPECT_EQ(counted("notes", "title").at("Anna"), 4);
+    EXPECT_EQ(recorded("notes").size(), 9U);
+}
+
+TEST_F(Flows, OfTheGalleryHold) {
+    make();
+
+    play(inFolder("flows/gallery"));
+
+    EXPECT_EQ(recorded("events").size(), 2U);
+}
+
+} // namespace
+} // namespace phone
