@@ -34,8 +34,9 @@ public:
     void advance(double seconds);
     /// Moves the animation clock until nothing moves any more.
     void settle();
-    /// The dumped tree. For finding, each element carries two attributes more: `visible` (true, false)
-    /// and, where a touch reaches it or something inside it, `touch` ("x y", a point that does).
+    /// The dumped tree. For finding, each element carries more attributes: `visible` (true, false); where a
+    /// touch reaches it or something inside it, `touch` ("x y", a point that does); and where a person sees
+    /// it turned, `turned` (clockwise, in quarters).
     std::string tree(bool forFinding = false);
     std::string log();
     /// Writes a PNG file at two pixels per point.

@@ -31,7 +31,7 @@ std::optional<double> unixTime(const NSDate& date) {
 }
 
 NSDate date(const std::optional<double>& unixTime) {
-    return unixTime ? NSDate::atReferenceDate(*unixTime - referenceDate) : NSDate();
+    return unixTime ? NSDate::withSinceReferenceDate(*unixTime - referenceDate) : NSDate();
 }
 
 } // namespace phone::eventkit

@@ -25,8 +25,8 @@ public:
     static constexpr double tapSeconds = 0.05;    // how long a finger stays down
     static constexpr double longPressSeconds = 3; // as testers know it
     static constexpr double doubleTapPause = 0.1; // seconds from the first tap's end to the second
-    static constexpr double rowSeconds = 0.05;    // how long a finger takes for one row of a wheel
-    static constexpr int mostTurns = 10'000;      // of wheels, for one date
+    static constexpr double rowSeconds = 0.02;    // how long a finger takes for one row of a wheel
+    static constexpr long rowsAtFirst = 32;       // turned before the first look; more than half of any ring
     static constexpr double swipeStep = 1.0 / 60; // seconds from one place of the finger to the next
 
     /// The screen has to outlive the engine.
@@ -42,6 +42,7 @@ public:
     void toggle(const Selector& selector);
     /// Turns the wheels of the date picker on the screen, a finger's reach at a time, until it shows this
     /// local time; where it does already nothing is touched. A picker of dates alone keeps its time of day.
+    /// Looks at the picker less often the longer all goes well; fails once it is no nearer than before.
     void pickDate(const std::string& localTime);
 
     void assertVisible(const Selector& selector);
@@ -57,7 +58,7 @@ private:
     ScreenPoint touchPoint(const Selector& selector);
     void press(const ScreenPoint& point, double seconds);
     void drag(const ScreenPoint& from, const ScreenPoint& to, double seconds);
-    void turnWheel(const ScreenTree& tree, const ScreenPoint& finger, long rows);
+    void turnWheel(const ScreenTree& tree, const ScreenElement& wheel, long rows);
     ScreenPoint checked(const ScreenTree& tree, const ScreenPoint& point) const;
     template <class Question>
     bool waitUntil(const Question& question);

@@ -16,6 +16,7 @@ namespace {
 
 bool isSwitch(const ScreenElement& element) { return !element.node().attribute("on").empty(); }
 
+/// Both as their line runs, from left to right.
 bool isOnLine(const ScreenRect& label, const ScreenRect& toggle) {
     const double labelY = label.center().y;
     const double switchY = toggle.center().y;
@@ -31,12 +32,15 @@ std::optional<ScreenElement> switchBeside(const ScreenTree& tree, const Selector
         if (isSwitch(label)) {
             return label;
         }
+        const int upright = (4 - label.quarterTurns()) % 4;
+        const ScreenRect line = label.rect().turned(upright);
         for (const ScreenElement& toggle : tree.visibleWith("on")) {
-            const double distance = std::abs(label.rect().center().x - toggle.rect().center().x);
+            const ScreenRect rect = toggle.rect().turned(upright);
+            const double distance = std::abs(line.center().x - rect.center().x);
             const bool better = found && found->touchPoint().has_value() != toggle.touchPoint().has_value()
                                     ? toggle.touchPoint().has_value()
                                     : distance < nearest;
-            if (isOnLine(label.rect(), toggle.rect()) && better) {
+            if (isOnLine(line, rect) && better) {
                 found = toggle;
                 nearest = distance;
             }
@@ -61,10 +65,8 @@ public:
         }
         return *read;
     }
-    /// Where a finger reaches the wheel.
-    std::optional<ScreenPoint> wheel(const std::string& name) const {
-        const auto found = _node.find_node([&](pugi::xml_node node) { return name == node.attribute("id").value(); });
-        return ScreenElement(found).touchPoint();
+    ScreenElement wheel(const std::string& name) const {
+        return ScreenElement(_node.find_node([&](auto node) { return name == node.attribute("id").value(); }));
     }
 
 private:
@@ -81,6 +83,26 @@ std::optional<PickerElement> pickerOn(const ScreenTree& tree) {
 bool sameMinute(const std::tm& a, const std::tm& b) {
     return a.tm_year == b.tm_year && a.tm_mon == b.tm_mon && a.tm_mday == b.tm_mday && a.tm_hour == b.tm_hour &&
            a.tm_min == b.tm_min;
+}
+
+/// A straight way from a point to the edge of the screen.
+struct WayOut {
+    ScreenPoint step; // of one point's length
+    double length = 0;
+};
+
+/// Towards what is up in content that is turned by so many quarters.
+WayOut wayUp(const ScreenTree& tree, const ScreenPoint& from, int quarters) {
+    switch (quarters % 4) {
+    case 1:
+        return {{1, 0}, tree.width() - from.x - 1};
+    case 2:
+        return {{0, 1}, tree.height() - from.y - 1};
+    case 3:
+        return {{-1, 0}, from.x};
+    default:
+        return {{0, -1}, from.y};
+    }
 }
 
 } // namespace
@@ -110,8 +132,9 @@ void Engine::pickDate(const std::string& localTime) {
     if (!waitUntil([&] { return pickerOn(ScreenTree(_screen.tree(true))).has_value(); })) {
         throw CommandFailure("no date picker that can be touched is on the screen");
     }
-    std::string before; // the date before the last turn
-    for (int turns = 0;; ++turns) {
+    std::optional<WheelTurn> last;
+    long most = rowsAtFirst;
+    for (bool untouched = true;; untouched = false) {
         const ScreenTree tree(_screen.tree(true));
         const auto picker = pickerOn(tree);
         if (!picker) {
@@ -121,32 +144,38 @@ void Engine::pickDate(const std::string& localTime) {
         const auto turn = nextWheelTurn(picker->mode(), shown, wanted);
         if (!turn) {
             const bool isExact =
-                picker->mode() == "date" || (sameMinute(shown, wanted) && (turns == 0 || shown.tm_sec == 0));
+                picker->mode() == "date" || (sameMinute(shown, wanted) && (untouched || shown.tm_sec == 0));
             if (!isExact) {
                 throw CommandFailure("the picker shows " + picker->date() + ", and no wheel can make that " +
                                      localTime);
             }
             return;
         }
-        if (picker->date() == before || turns == mostTurns) {
-            throw CommandFailure("the picker does not turn to " + localTime + "; it stays at " + picker->date());
+        if (last && turn->wheel == last->wheel && std::abs(turn->rows) >= std::abs(last->rows)) {
+            const bool stays = turn->rows == last->rows;
+            throw CommandFailure("the picker does not turn to " + localTime + "; it " +
+                                 (stays ? "stays at " : "goes away from it, to ") + picker->date());
         }
-        before = picker->date();
-        const auto finger = picker->wheel(turn->wheel);
-        if (!finger) {
+        const ScreenElement wheel = picker->wheel(turn->wheel);
+        if (!wheel.touchPoint()) {
             throw CommandFailure("no finger reaches the picker's wheel \"" + turn->wheel + "\"");
         }
-        turnWheel(tree, *finger, turn->rows);
+        turnWheel(tree, wheel, std::clamp(turn->rows, -most, most));
+        last = turn;
+        most *= 2;
     }
 }
 
-void Engine::turnWheel(const ScreenTree& tree, const ScreenPoint& finger, long rows) {
+void Engine::turnWheel(const ScreenTree& tree, const ScreenElement& wheel, long rows) {
     // Later rows lie below: the finger goes up for them.
-    const double room = rows > 0 ? finger.y : tree.height() - finger.y - 1;
-    const long reach = std::max(1L, static_cast<long>(room / wheelRowHeight));
-    const long turned = std::clamp(rows, -reach, reach);
-    const double to = finger.y - static_cast<double>(turned) * wheelRowHeight;
-    drag(finger, {finger.x, to}, static_cast<double>(std::abs(turned)) * rowSeconds);
+    const ScreenPoint finger = wheel.touchPoint().value();
+    const WayOut way = wayUp(tree, finger, wheel.quarterTurns() + (rows > 0 ? 0 : 2));
+    const long reach = std::max(1L, static_cast<long>(way.length / wheelRowHeight));
+    for (long left = std::abs(rows); left > 0; left -= reach) {
+        const auto turned = static_cast<double>(std::min(left, reach));
+        const double length = turned * wheelRowHeight;
+        drag(finger, {finger.x + way.step.x * length, finger.y + way.step.y * length}, turned * rowSeconds);
+    }
     _screen.settle();
 }
 

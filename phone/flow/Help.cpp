@@ -37,6 +37,7 @@ STORES FILE (what is left out is as here)
   reminders: {access: ask, lists: [{title: Tasks, default: true}, {title: Shopping}, {title: Work}]}
   events:    {access: ask, calendars: [{title: Home, default: true}, {title: Work},
                                        {title: Holidays, readOnly: true}]}
+  Lists of reminders may be `readOnly` too.
 
 FLOWS
   name: A note                        # the header, of which nothing is needed

@@ -55,6 +55,14 @@ void collect(pugi::xml_node parent, const Selector& selector, std::vector<Screen
 
 } // namespace
 
+ScreenRect ScreenRect::turned(int quarters) const {
+    ScreenRect rect = *this;
+    for (; quarters > 0; --quarters) {
+        rect = {-rect.y - rect.height, rect.x, rect.height, rect.width};
+    }
+    return rect;
+}
+
 std::optional<ScreenPoint> ScreenElement::touchPoint() const {
     ScreenPoint point;
     std::istringstream text(_node.attribute("touch").value());

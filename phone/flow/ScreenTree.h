@@ -24,6 +24,8 @@ struct ScreenRect {
     double height = 0;
 
     ScreenPoint center() const { return {x + width / 2, y + height / 2}; }
+    /// Turned around the screen's corner, clockwise by so many quarters.
+    ScreenRect turned(int quarters) const;
 };
 
 /// One element of the tree; valid as long as its tree.
@@ -35,6 +37,8 @@ public:
     /// Where a touch reaches it; nullopt when it is hidden, clipped away or covered.
     std::optional<ScreenPoint> touchPoint() const;
     ScreenRect rect() const;
+    /// How far its content is turned clockwise, in quarters: 0 to 3.
+    int quarterTurns() const { return _node.attribute("turned").as_int(); }
     /// A point of its rectangle.
     ScreenPoint at(const PointSpec& point) const;
     /// Whether it is one of the keyboard's own.

@@ -53,12 +53,12 @@ void readNotes(const Yaml& node, std::vector<NotesAccount>& accounts) {
     }
 }
 
-std::vector<CalendarStore> readCalendars(const Yaml& node, bool mayBeReadOnly) {
+/// `kind` is "a calendar" or "a list".
+std::vector<CalendarStore> readCalendars(const std::vector<Yaml>& items, const char* kind) {
     std::vector<CalendarStore> all;
     bool taken = false;
-    for (const Yaml& item : node.list(mayBeReadOnly ? "calendars" : "lists")) {
-        const YamlMap keys = mayBeReadOnly ? item.map("a calendar", {"title", "default", "readOnly"})
-                                           : item.map("a list", {"title", "default"});
+    for (const Yaml& item : items) {
+        const YamlMap keys = item.map(kind, {"title", "default", "readOnly"});
         CalendarStore calendar = {title(keys, "title"), isDefault(keys, taken), false};
         if (const auto readOnly = keys.find("readOnly")) {
             calendar.isReadOnly = readOnly->boolean("readOnly");
@@ -83,7 +83,7 @@ Stores Stores::read(const std::string& file) {
     if (const auto notes = keys.find("notes")) {
         readNotes(*notes, stores.notes);
     }
-    const auto readPart = [&](const char* name, const char* list, Access& permission,
+    const auto readPart = [&](const char* name, const char* list, const char* kind, Access& permission,
                               std::vector<CalendarStore>& calendars) {
         const auto part = keys.find(name);
         if (!part) {
@@ -94,11 +94,11 @@ Stores Stores::read(const std::string& file) {
             permission = access(*given);
         }
         if (const auto given = partKeys.find(list)) {
-            calendars = readCalendars(*given, std::string_view(list) == "calendars");
+            calendars = readCalendars(given->list(list), kind);
         }
     };
-    readPart("reminders", "lists", stores.reminderAccess, stores.reminders);
-    readPart("events", "calendars", stores.eventAccess, stores.events);
+    readPart("reminders", "lists", "a list", stores.reminderAccess, stores.reminders);
+    readPart("events", "calendars", "a calendar", stores.eventAccess, stores.events);
     return stores;
 }
 

@@ -4,6 +4,7 @@
 #include "phone/foundation/Correct.h"
 #include "phone/foundation/Text.h"
 #include "platform/foundation/NSArray.h"
+#include "platform/foundation/NSTimeZone.h"
 
 #include <unistd.h>
 
@@ -29,15 +30,6 @@ struct NSProcessInfo : NSObject {
     static constexpr auto objc_name = "NSProcessInfo";
 };
 
-struct NSTimeZone : NSObject {
-    static constexpr auto objc_name = "NSTimeZone";
-    using NSObject::NSObject;
-    /// nil for a name that the time zone database does not have.
-    static NSTimeZone named(const std::string& name) {
-        return objc::sendClass<NSTimeZone, "timeZoneWithName:", NSTimeZone>(string(name));
-    }
-};
-
 id autoreleased(objc::Object object) {
     return objc::detail::call<id>(object.relinquish(), objc::selector<"autorelease">());
 }
@@ -57,7 +49,7 @@ void readEnvironmentAgain() {
     objc::sendClass<NSProcessInfo, "initializeWithArguments:count:environment:">(&arguments[0], 1, environ);
 }
 
-id timeZone(id, SEL) { return autoreleased(NSTimeZone::named(settings().zone)); }
+id timeZone(id, SEL) { return autoreleased(NSTimeZone::named(string(settings().zone))); }
 
 } // namespace
 

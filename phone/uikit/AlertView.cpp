@@ -46,7 +46,7 @@ UIView AlertView::with(const Question& question) {
 }
 
 void AlertView::build(const Question& question) {
-    setBackgroundColor(UIColor::rgba(1, 1, 1, 0.97));
+    setBackgroundColor(UIColor::white());
     layer().setCornerRadius(cornerRadius);
     layer().setMasksToBounds(true);
     setAutoresizingMask(

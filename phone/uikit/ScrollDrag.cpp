@@ -1,6 +1,7 @@
 #include "phone/uikit/ScrollDrag.h"
 
 #include "phone/uikit/ScrollView.h"
+#include "phone/uikit/View.h"
 
 #include <cmath>
 
@@ -8,22 +9,29 @@ namespace phone {
 
 using State = UIGestureRecognizerState;
 
+/// Turned as the scroll view lies in the window; only distances between such points mean anything.
+CGPoint ScrollDrag::finger(const NSSet& touches) const {
+    int quarters = 0;
+    for (UIView at = view(); at; at = at.superview()) {
+        quarters += View::of(at)->placement().quarters;
+    }
+    return turned(touches.any<UITouch>().locationInView(nullptr), -quarters);
+}
+
 bool ScrollDrag::isDragging() const { return state() == State::Began || state() == State::Changed; }
 
-void ScrollDrag::touchesBegan(const NSSet& touches, const UIEvent&) {
-    _start = touches.any<UITouch>().locationInView(nullptr);
-}
+void ScrollDrag::touchesBegan(const NSSet& touches, const UIEvent&) { _start = finger(touches); }
 
 void ScrollDrag::touchesMoved(const NSSet& touches, const UIEvent&) {
     ScrollView* scroll = ScrollView::of(view());
-    const CGPoint finger = touches.any<UITouch>().locationInView(nullptr);
+    const CGPoint now = finger(touches);
     if (isDragging()) {
-        scroll->drag(finger);
+        scroll->drag(now);
         setState(State::Changed);
         return;
     }
-    const CGFloat x = std::abs(finger.x - _start.x);
-    const CGFloat y = std::abs(finger.y - _start.y);
+    const CGFloat x = std::abs(now.x - _start.x);
+    const CGFloat y = std::abs(now.y - _start.y);
     if (std::max(x, y) < hysteresis) {
         return;
     }
@@ -34,7 +42,7 @@ void ScrollDrag::touchesMoved(const NSSet& touches, const UIEvent&) {
     setState(State::Began);
     if (isDragging()) { // another recogniser may have been first
         scroll->beginDragging(_start);
-        scroll->drag(finger);
+        scroll->drag(now);
     }
 }
 

@@ -28,8 +28,9 @@ private:
     void touchesCancelled(const NSSet& touches, const UIEvent& event);
     void setState(UIGestureRecognizerState state) { send<"setState:">(state); }
     bool isDragging() const;
+    CGPoint finger(const NSSet& touches) const;
 
-    CGPoint _start; // in the window
+    CGPoint _start; // where the finger went down
 };
 
 } // namespace phone

@@ -15,7 +15,7 @@ public:
 
     bool isDragging() const { return _dragging; }
 
-    // The finger, as the scroll view's recogniser reports it; points of the window.
+    // The finger, as the scroll view's recogniser reports it, turned as the scroll view is.
     void beginDragging(CGPoint finger);
     void drag(CGPoint finger);
     void endDragging();

@@ -43,15 +43,18 @@ void write(pugi::xml_node parent, const UIView& view, const Surroundings& around
     writeAttribute(element, "frame", frame);
     writeAttribute(element, "screen", HeldScreen::shared().held(place));
     writeElementAttributes(element, view);
+    const Surroundings inside{around.place.after(peer->placement()), view.clipsToBounds() ? seen : around.clip, shown};
     if (forFinding) {
         const bool visible = shown && seen.size.width > 0 && seen.size.height > 0;
         writeAttribute(element, "visible", visible);
         if (const auto point = visible ? touchPoint(view, seen) : std::nullopt) {
             writeAttribute(element, "touch", HeldScreen::shared().held(*point));
         }
+        if (const int quarters = (inside.place.quarters + HeldScreen::shared().quarterTurns()) % 4; quarters != 0) {
+            writeAttribute(element, "turned", static_cast<double>(quarters));
+        }
     }
 
-    const Surroundings inside{around.place.after(peer->placement()), view.clipsToBounds() ? seen : around.clip, shown};
     for (const UIView& child : peer->children()) {
         write(element, child, inside, forFinding);
     }

@@ -20,11 +20,6 @@ public:
         return objc::sendClass<NSDate, "dateWithTimeIntervalSinceReferenceDate:", NSDate>(seconds);
     }
 
-    /// Of seconds since the start of 2001, UTC.
-    static NSDate atReferenceDate(NSTimeInterval seconds) {
-        return objc::sendClass<NSDate, "dateWithTimeIntervalSinceReferenceDate:", NSDate>(seconds);
-    }
-
     /// Seconds since the start of 2001, UTC.
     NSTimeInterval sinceReferenceDate() const { return send<"timeIntervalSinceReferenceDate", NSTimeInterval>(); }
 };

@@ -38,7 +38,7 @@ protected:
         date.year = year;
         return atMoment(phone::momentOf(date, zone()) + later);
     }
-    static NSDate atMoment(double unixTime) { return NSDate::atReferenceDate(unixTime - 978307200); }
+    static NSDate atMoment(double unixTime) { return NSDate::withSinceReferenceDate(unixTime - 978307200); }
     static double moment(const NSDate& date) { return date.sinceReferenceDate() + 978307200; }
     static std::string zone() { return phone::text(NSTimeZone::defaultTimeZone().name()); }
     static void moveTo(const std::string& zone) {

@@ -14,7 +14,7 @@ class RecurrenceTest : public StoreTest {
 protected:
     RecurrenceTest() { useEvents(Access::Allow); }
 
-    static NSDate at(double unixTime) { return NSDate::atReferenceDate(unixTime - 978307200); }
+    static NSDate at(double unixTime) { return NSDate::withSinceReferenceDate(unixTime - 978307200); }
     /// From 16 May 2026, 09:15 UTC, and so long.
     static EKEvent event(const EKEventStore& store, double length = hour) {
         const auto made = EKEvent::withEventStore(store);

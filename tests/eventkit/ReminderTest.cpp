@@ -69,7 +69,7 @@ TEST_F(ReminderTest, SavingWritesAllOfIt) {
     made.setPriority(5);
     made.setStartDateComponents(may(15, 8));
     made.setDueDateComponents(may(16, 9));
-    made.addAlarm(EKAlarm::withAbsoluteDate(NSDate::atReferenceDate(800000000)));
+    made.addAlarm(EKAlarm::withAbsoluteDate(NSDate::withSinceReferenceDate(800000000)));
 
     EXPECT_EQ(failure(store, made), std::nullopt);
 
@@ -326,7 +326,7 @@ TEST_F(ReminderTest, EveryMessageIsLoggedWithItsArguments) {
     objc::responds<"requestAccessToEntityType:completion:">(store);
     const auto made = reminder(store);
     made.setStartDateComponents(may(16, 9));
-    made.setAlarms(NSArray::of(EKAlarm::withAbsoluteDate(NSDate::atReferenceDate(0))));
+    made.setAlarms(NSArray::of(EKAlarm::withAbsoluteDate(NSDate::withSinceReferenceDate(0))));
     store.saveReminder(made, true);
 
     const auto entries = log("store");

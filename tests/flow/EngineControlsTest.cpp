@@ -35,10 +35,12 @@ constexpr const char* twoRows = "<UILabel text=\"First\" visible=\"true\" screen
                                 "<UISwitch on=\"true\" visible=\"true\" screen=\"227 93 51 31\" touch=\"252 108\"/>";
 
 /// A picker with a wheel for the minutes at (200, 300), which a finger turns a row every 34 points, but never
-/// past a last minute.
+/// past a last minute. `forward` is 1 for later minutes where the finger goes up, -1 for the other way.
 class MinuteScreen : public CannedScreen {
 public:
-    explicit MinuteScreen(int last = 59) : CannedScreen(""), _last(last) { redraw(); }
+    explicit MinuteScreen(int last = 59, int forward = 1) : CannedScreen(""), _last(last), _forward(forward) {
+        redraw();
+    }
 
     nlohmann::json request(const nlohmann::json& command) override {
         const auto answer = CannedScreen::request(command);
@@ -47,7 +49,7 @@ public:
             if (command.at("phase") == "began") {
                 _start = y;
             } else if (command.at("phase") == "ended") {
-                minute = std::min(_last, minute + static_cast<int>(std::lround((_start - y) / 34)));
+                minute = std::min(_last, minute + _forward * static_cast<int>(std::lround((_start - y) / 34)));
                 seconds = 0;
                 redraw();
             }
@@ -68,6 +70,7 @@ private:
     }
 
     int _last;
+    int _forward;
     double _start = 0;
 };
 
@@ -126,6 +129,14 @@ TEST(Engine, TouchesNothingWhereThePickerShowsTheDateAlready) {
 
     EXPECT_THAT(screen.done, IsEmpty());
     EXPECT_EQ(screen.seconds, 12);
+}
+
+TEST(Engine, FailsAsSoonAsATurnGoesAway) {
+    MinuteScreen screen(59, -1);
+
+    EXPECT_THAT(failure([&] { Engine(screen).pickDate("2026-03-05T14:39"); }),
+                HasSubstr("goes away from it, to 2026-03-05T14:35:00+01:00"));
+    EXPECT_EQ(screen.minute, 35);
 }
 
 TEST(Engine, SaysThatAPickerDoesNotGoThere) {

@@ -48,10 +48,23 @@ TEST(Stores, TakeTheFilesOrderAndMayBeEmptyOrWithoutADefault) {
     EXPECT_TRUE(given.reminders.empty());
 }
 
+TEST(Stores, TakeListsAndCalendarsThatCannotBeChanged) {
+    const Stores given = stores("reminders: {lists: [{title: A, readOnly: true}, {title: B, readOnly: false}]}\n"
+                                "events: {calendars: [{title: C}, {title: D, readOnly: true}]}\n");
+
+    ASSERT_EQ(given.reminders.size(), 2u);
+    EXPECT_TRUE(given.reminders[0].isReadOnly);
+    EXPECT_FALSE(given.reminders[1].isReadOnly);
+    ASSERT_EQ(given.events.size(), 2u);
+    EXPECT_FALSE(given.events[0].isReadOnly);
+    EXPECT_TRUE(given.events[1].isReadOnly);
+}
+
 TEST(Stores, RefuseWhatTheContractDoesNotKnow) {
     EXPECT_THAT(complaint("note: {}\n"), HasSubstr("stores.yaml:1: unknown key `note`"));
     EXPECT_THAT(complaint("notes:\n  accounts:\n    - {name: A, readOnly: true}\n"),
                 HasSubstr("stores.yaml:3: unknown key `readOnly`"));
+    EXPECT_THAT(complaint("reminders: {lists: [{title: A, colour: red}]}\n"), HasSubstr("unknown key `colour`"));
     EXPECT_THAT(complaint("notes: {accounts: [{name: A, default: true}, {name: B, default: true}]}\n"),
                 HasSubstr("one default only"));
     EXPECT_THAT(complaint("notes: {accounts: [{default: true}]}\n"), HasSubstr("needs the key `name`"));

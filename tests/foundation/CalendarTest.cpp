@@ -9,7 +9,7 @@ namespace {
 class Calendar : public FoundationTest {
 protected:
     static NSCalendar gregorian() { return NSCalendar::withIdentifier(objc::borrow<NSString>(NSGregorianCalendar)); }
-    static NSDate at(double unixTime) { return NSDate::atReferenceDate(unixTime - 978307200); }
+    static NSDate at(double unixTime) { return NSDate::withSinceReferenceDate(unixTime - 978307200); }
     /// The moment of components, in seconds since 1970.
     static double moment(const NSDateComponents& components) {
         return gregorian().date(components).sinceReferenceDate() + 978307200;

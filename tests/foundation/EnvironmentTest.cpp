@@ -4,6 +4,7 @@
 #include "platform/foundation/NSDate.h"
 #include "platform/foundation/NSIndexPath.h"
 #include "platform/foundation/NSNumber.h"
+#include "platform/foundation/NSTimeZone.h"
 #include "tests/foundation/FoundationTest.h"
 
 #include <ctime>
@@ -20,9 +21,6 @@ constexpr double referenceDate = 978307200;
 
 struct NSLocale : NSObject {
     static constexpr auto objc_name = "NSLocale";
-};
-struct NSTimeZone : NSObject {
-    static constexpr auto objc_name = "NSTimeZone";
 };
 
 class EnvironmentTest : public FoundationTest {
@@ -69,12 +67,11 @@ protected:
 };
 
 TEST_F(BerlinTest, TheTimeZoneIsTheSettings) {
-    const auto zone = objc::sendClass<NSTimeZone, "defaultTimeZone", NSObject>();
     const std::time_t moment = 1772721432;
     std::tm local{};
     localtime_r(&moment, &local);
 
-    EXPECT_EQ(text(zone.send<"name", NSString>()), "Europe/Berlin");
+    EXPECT_EQ(text(NSTimeZone::defaultTimeZone().name()), "Europe/Berlin");
     EXPECT_EQ(local.tm_hour, 15);
     EXPECT_EQ(text(NSDate::now().description()), "2026-03-05 15:37:12 +0100");
 }

@@ -31,6 +31,13 @@ TEST_F(Alert, ShowsItsTextsAndButtons) {
     EXPECT_TRUE(answers.empty());
 }
 
+TEST_F(Alert, LetsNothingShineThroughItsPanel) {
+    ask("May it?");
+
+    EXPECT_EQ(attribute(find("May it?").parent(), "background"), "#ffffffff");
+    EXPECT_EQ(attribute(find("May it?").parent(), "alpha"), "1");
+}
+
 TEST_F(Alert, GivesTheNumberOfTheTouchedButtonAndGoes) {
     ask("May it?");
 

@@ -9,6 +9,34 @@
 
 namespace {
 
+/// Turns with the device.
+class Turning : public objc::Defines<Turning, UIViewController> {
+public:
+    static constexpr auto objc_name = "Turning";
+    static void define(objc::ClassTable<Turning>& c) {
+        c.overrides<"shouldAutorotateToInterfaceOrientation:", &Turning::shouldAutorotateTo>();
+    }
+
+private:
+    bool shouldAutorotateTo(UIInterfaceOrientation) const { return true; }
+};
+
+/// Counts how often somebody looks at the screen.
+class WatchedScreen : public phone::Screen {
+public:
+    explicit WatchedScreen(phone::Screen& screen) : _screen(screen) {}
+
+    nlohmann::json request(const nlohmann::json& command) override {
+        looks += command.at("do") == "tree" ? 1 : 0;
+        return _screen.request(command);
+    }
+
+    int looks = 0;
+
+private:
+    phone::Screen& _screen;
+};
+
 class Hands : public PhoneTest {
 protected:
     void SetUp() override { useClassesOnly(); }
@@ -27,6 +55,20 @@ protected:
         changes = countValueChanges(picker);
         return picker;
     }
+    UISwitch addSwitch(const char* words, CGFloat y) {
+        screen();
+        const auto label = UILabel::withFrame({15, y, 160, 27});
+        label.setText(NSString::utf8(words));
+        screen().addSubview(label);
+        const auto toggle = UISwitch::withFrame({227, y - 2, 77, 27});
+        screen().addSubview(toggle);
+        return toggle;
+    }
+    static phone::Selector named(const char* words) {
+        phone::Selector selector;
+        selector.text = phone::TextPattern(words);
+        return selector;
+    }
     void pick(const std::string& localTime) { phone::Engine(boot()).pickDate(localTime); }
     std::string failure(const std::string& localTime) {
         try {
@@ -35,6 +77,11 @@ protected:
         } catch (const phone::CommandFailure& error) {
             return error.what();
         }
+    }
+    /// Turns the tablet. Without a root controller the window's content stays as it lies.
+    void hold(const std::string& orientation) {
+        boot().setOrientation(orientation);
+        settle();
     }
     std::string date() { return attribute(findClass("UIDatePicker"), "date"); }
 
@@ -53,6 +100,16 @@ TEST_F(Hands, PickADateAndATime) {
 
     EXPECT_EQ(date(), "2026-05-16T09:00:00+00:00");
     EXPECT_GT(changes->number, 0);
+}
+
+TEST_F(Hands, PickADateFarAwayWithFewLooks) {
+    add({0, 100, 320, 216});
+    WatchedScreen watched(boot());
+
+    phone::Engine(watched).pickDate("2024-02-29T23:59");
+
+    EXPECT_EQ(date(), "2024-02-29T23:59:00+00:00");
+    EXPECT_LE(watched.looks, 12);
 }
 
 TEST_F(Hands, PickInAPickerThatIsCutOff) {
@@ -128,17 +185,57 @@ TEST_F(Hands, FailAtATimeThatTheClocksSkip) {
     EXPECT_NE(failure("2026-03-29T02:30").find("stays at"), std::string::npos);
 }
 
-TEST_F(Hands, ToggleASwitchByItsLabel) {
-    screen();
-    const auto label = UILabel::withFrame({15, 51, 160, 27});
-    label.setText(NSString::utf8("Remind Me"));
-    screen().addSubview(label);
-    const auto toggle = UISwitch::withFrame({227, 49, 77, 27});
-    screen().addSubview(toggle);
-    phone::Selector selector;
-    selector.text = phone::TextPattern("Remind Me");
+TEST_F(Hands, PickOnATabletHeldAnyWay) {
+    useDevice("ipad");
+    add({239, 300, 290, 216});
+    for (const char* held : {"LANDSCAPE_LEFT", "UPSIDE_DOWN", "LANDSCAPE_RIGHT"}) {
+        SCOPED_TRACE(held);
+        hold(held);
 
-    phone::Engine(boot()).toggle(selector);
+        pick("2026-02-16T16:20");
+        EXPECT_EQ(date(), "2026-02-16T16:20:00+00:00");
+        pick("2026-03-05T14:37");
+        EXPECT_EQ(date(), "2026-03-05T14:37:00+00:00");
+    }
+}
+
+TEST_F(Hands, PickInContentThatTurnsWithTheTablet) {
+    useDevice("ipad");
+    screen();
+    const UIViewController root = objc::as<UIViewController>(objc::Ref<Turning>::make());
+    screen().setRootViewController(root);
+    root.view().addSubview(UIDatePicker::withFrame({239, 300, 290, 216}));
+    for (const char* held : {"LANDSCAPE_LEFT", "UPSIDE_DOWN", "LANDSCAPE_RIGHT", "PORTRAIT"}) {
+        SCOPED_TRACE(held);
+        hold(held);
+
+        pick("2026-02-16T16:20");
+        EXPECT_EQ(date(), "2026-02-16T16:20:00+00:00");
+        pick("2026-03-05T14:37");
+        EXPECT_EQ(date(), "2026-03-05T14:37:00+00:00");
+    }
+}
+
+TEST_F(Hands, ToggleASwitchByItsLabel) {
+    const auto toggle = addSwitch("Remind Me", 51);
+
+    phone::Engine(boot()).toggle(named("Remind Me"));
 
     EXPECT_TRUE(toggle.isOn());
+}
+
+TEST_F(Hands, ToggleOnATabletHeldAnyWay) {
+    useDevice("ipad");
+    const auto first = addSwitch("First", 51);
+    const auto second = addSwitch("Second", 95);
+    for (const char* held : {"LANDSCAPE_LEFT", "UPSIDE_DOWN", "LANDSCAPE_RIGHT"}) {
+        SCOPED_TRACE(held);
+        hold(held);
+        const bool wasOn = second.isOn();
+
+        phone::Engine(boot()).toggle(named("Second"));
+
+        EXPECT_EQ(second.isOn(), !wasOn);
+        EXPECT_FALSE(first.isOn());
+    }
 }
