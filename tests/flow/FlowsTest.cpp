@@ -42,8 +42,7 @@ TEST_F(Flows, OfTheMainJobLeaveRecordsOfAllKinds) {
 
     play(inFolder("flows"));
 
-    EXPECT_EQ(counted("reminders", "title"),
-              (Counts{{"Anna 1", 4}, {"Angebot schicken", 1}, {"Send the offer", 1}}));
+    EXPECT_EQ(counted("reminders", "title"), (Counts{{"Anna 1", 4}, {"Angebot schicken", 1}, {"Send the offer", 1}}));
     EXPECT_EQ(counted("events", "title"), (Counts{{"Anna 2", 4}, {"Lunch with Anna", 1}}));
     EXPECT_EQ(counted("notes", "title").at("Anna"), 4);
     EXPECT_EQ(recorded("notes").size(), 9U);
