@@ -151,7 +151,8 @@ std::vector<TarEntry> readTar(std::string_view bytes) {
     while (archive_entry* entry = nextEntry(reader)) {
         TarEntry read;
         read.name = text(archive_entry_pathname(entry));
-        if (archive_format(reader.get()) == ARCHIVE_FORMAT_TAR_PAX_INTERCHANGE || archive_entry_sparse_count(entry) > 0) {
+        if (archive_format(reader.get()) == ARCHIVE_FORMAT_TAR_PAX_INTERCHANGE ||
+            archive_entry_sparse_count(entry) > 0) {
             throw PackageError(read.name + " has a header that the device's dpkg does not know; use the plain or GNU "
                                            "form of tar");
         }

@@ -35,8 +35,8 @@ std::vector<ArMember> readAr(std::string_view bytes);
 /// nor a link.
 std::vector<TarEntry> readTar(std::string_view bytes);
 
-/// The content of a member whose name ends in `.gz`, `.bz2`, `.lzma`, `.xz` or in none of them. Throws PackageError when
-/// it is broken, and for a compression that the device's dpkg does not know.
+/// The content of a member whose name ends in `.gz`, `.bz2`, `.lzma`, `.xz` or in none of them. Throws PackageError
+/// when it is broken, and for a compression that the device's dpkg does not know.
 std::string decompressed(const ArMember& member);
 
 } // namespace phone

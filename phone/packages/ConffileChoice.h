@@ -7,8 +7,8 @@
 namespace phone {
 
 enum class ConffileChoice {
-    Install,  // the package's takes its place
-    Keep,     // what is there stays, or what was removed stays away
+    Install,   // the package's takes its place
+    Keep,      // what is there stays, or what was removed stays away
     KeepBeside // the same, with the package's beside it, under a name ending in `.dpkg-dist`
 };
 

@@ -17,15 +17,14 @@ namespace {
 using Kind = TarEntry::Kind;
 
 constexpr const char* distributed = ".dpkg-dist";
-constexpr const char* recordKinds[] = {"list",       "owners", "md5sums", "conffiles", "triggers", "preinst",
-                                       "extrainst_", "postinst", "prerm",   "postrm"};
+constexpr const char* recordKinds[] = {"list",    "owners",     "md5sums",  "conffiles", "triggers",
+                                       "preinst", "extrainst_", "postinst", "prerm",     "postrm"};
 
 bool isThere(const fs::path& path) { return fs::exists(fs::symlink_status(path)); }
 
 bool replaces(const PackageFields& package, const PackageFields& other) {
-    return std::any_of(package.replaces.begin(), package.replaces.end(), [&](const Alternatives& alternatives) {
-        return other.satisfies(alternatives.front());
-    });
+    return std::any_of(package.replaces.begin(), package.replaces.end(),
+                       [&](const Alternatives& alternatives) { return other.satisfies(alternatives.front()); });
 }
 
 TarEntry plainFile(const std::string& content) {

@@ -42,7 +42,7 @@ private:
     Transaction& _transaction;
     std::set<std::filesystem::path> _placed;
     std::set<std::filesystem::path> _recordFolders; // made for the record
-    std::vector<std::filesystem::path> _emptied; // folders, an outer one before those in it
+    std::vector<std::filesystem::path> _emptied;    // folders, an outer one before those in it
     std::vector<std::string> _notes;
 };
 

@@ -30,7 +30,8 @@ std::vector<std::string> changing(const fs::path& root, const std::string& subje
     } catch (const PackageError& error) {
         throw InputError({subject, 0}, error.what());
     } catch (const fs::filesystem_error& error) {
-        throw InputError({subject, 0}, error.path1().string() + ": " + error.code().message() + "; nothing was changed");
+        throw InputError({subject, 0},
+                         error.path1().string() + ": " + error.code().message() + "; nothing was changed");
     }
 }
 

@@ -44,7 +44,8 @@ Parts parts(const std::vector<ArMember>& members) {
     std::copy_if(members.begin() + 1, members.end(), std::back_inserter(rest),
                  [](const ArMember& member) { return !member.name.starts_with("_"); });
     const auto isCalled = [&](std::size_t index, std::string_view name) {
-        return index < rest.size() && (rest[index].name == name || rest[index].name.starts_with(std::string(name) + "."));
+        return index < rest.size() &&
+               (rest[index].name == name || rest[index].name.starts_with(std::string(name) + "."));
     };
     if (!isCalled(0, "control.tar") || !isCalled(1, "data.tar")) {
         throw PackageError("not a whole Debian package: control.tar and data.tar have to follow debian-binary");

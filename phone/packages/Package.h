@@ -19,7 +19,7 @@ struct PackageFields {
     std::string name;
     PackageVersion version;
     ControlFields all;
-    std::vector<Alternatives> depends; // with those that it depends on before it is unpacked
+    std::vector<Alternatives> depends;   // with those that it depends on before it is unpacked
     std::vector<Alternatives> conflicts; // with what it breaks
     std::vector<Alternatives> provides;
     std::vector<Alternatives> replaces;

@@ -77,9 +77,9 @@ PackageDatabase::PackageDatabase(const RootPaths& paths) {
             _packages.push_back(std::move(package));
         }
     } catch (const PackageError& error) {
-        throw InputError({status.string(), 0},
-                         std::string(error.what()) + "; the record of what is installed cannot be read: mend it, or "
-                                                     "make a new phone");
+        throw InputError({status.string(), 0}, std::string(error.what()) +
+                                                   "; the record of what is installed cannot be read: mend it, or "
+                                                   "make a new phone");
     }
 }
 
@@ -90,9 +90,8 @@ const InstalledPackage* PackageDatabase::find(const std::string& name) const {
 }
 
 void PackageDatabase::put(const InstalledPackage& package) {
-    const auto same = std::find_if(_packages.begin(), _packages.end(), [&](const InstalledPackage& one) {
-        return one.fields.name == package.fields.name;
-    });
+    const auto same = std::find_if(_packages.begin(), _packages.end(),
+                                   [&](const InstalledPackage& one) { return one.fields.name == package.fields.name; });
     if (same == _packages.end()) {
         _packages.push_back(package);
     } else {

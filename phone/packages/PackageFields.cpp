@@ -12,8 +12,8 @@ constexpr const char* architecture = "iphoneos-arm";
 std::string needed(const ControlFields& fields, const char* name) {
     const std::string& value = fields.value(name);
     if (value.empty() || value.find('\n') != std::string::npos) {
-        throw PackageError(std::string("the control file ") + (value.empty() ? "lacks the field " : "breaks the line of ") +
-                           name);
+        throw PackageError(std::string("the control file ") +
+                           (value.empty() ? "lacks the field " : "breaks the line of ") + name);
     }
     return value;
 }

@@ -39,8 +39,6 @@ const std::vector<PackageFields>& phonePackages() {
     return *all;
 }
 
-bool isPhoneFolder(std::string_view path) {
-    return std::find(folders.begin(), folders.end(), path) != folders.end();
-}
+bool isPhoneFolder(std::string_view path) { return std::find(folders.begin(), folders.end(), path) != folders.end(); }
 
 } // namespace phone

@@ -49,7 +49,8 @@ Relation parseRelation(const std::string& text) {
     Relation relation{parts[1], Relation::Order::Equal, std::nullopt};
     if (parts[2].matched) {
         const std::string sign = parts[2];
-        relation.order = std::find_if(signs.begin(), signs.end(), [&](const Sign& one) { return one.text == sign; })->order;
+        relation.order =
+            std::find_if(signs.begin(), signs.end(), [&](const Sign& one) { return one.text == sign; })->order;
         relation.version = PackageVersion::parse(parts[3]);
     }
     return relation;

@@ -29,12 +29,12 @@ void check(int status, const char* what, const fs::path& path) {
 }
 
 bool isThere(const fs::path& path) {
-    struct stat found {};
+    struct stat found{};
     return lstat(path.c_str(), &found) == 0;
 }
 
 bool isFolder(const fs::path& path) {
-    struct stat found {};
+    struct stat found{};
     return lstat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
 }
 
@@ -117,7 +117,7 @@ void Transaction::placeHardLink(const fs::path& path, const fs::path& placed) {
 void Transaction::remove(const fs::path& path) { add(Step::Kind::Remove, path); }
 
 void Transaction::removeFolder(const fs::path& folder) {
-    struct stat found {};
+    struct stat found{};
     check(lstat(folder.c_str(), &found), "cannot be removed", folder);
     add(Step::Kind::RemoveFolder, folder, found.st_mode & 0777);
 }

@@ -50,7 +50,7 @@ struct DebBuilder {
     std::string package = "mirelda.test";
     std::string version = "1.0";
     std::string architecture = "iphoneos-arm";
-    std::string furtherFields; // whole lines
+    std::string furtherFields;                      // whole lines
     std::map<std::string, std::string> information; // conffiles, scripts
     std::vector<DebFile> files;
     std::string compression = "gz";
@@ -124,7 +124,8 @@ struct DebBuilder {
     }
     std::string ending() const { return compression.empty() ? "" : "." + compression; }
     std::string with(const std::string& controlTar, const std::string& dataTar) const {
-        return ar({{"debian-binary", format}, {"control.tar" + ending(), controlTar}, {"data.tar" + ending(), dataTar}});
+        return ar(
+            {{"debian-binary", format}, {"control.tar" + ending(), controlTar}, {"data.tar" + ending(), dataTar}});
     }
     std::string bytes() const { return with(controlTar(), tar(files, compression)); }
 };

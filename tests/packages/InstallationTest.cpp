@@ -7,9 +7,12 @@ namespace fs = std::filesystem;
 
 TEST_F(InstallTest, PutsFilesAtTheirDevicePathsAndRecordsTheirOwners) {
     DebBuilder package = packageWith("1.0", {});
-    package.files = {debFolder("./"), debFolder("./Library/"), debFolder("./Library/Test/", 0775, 501),
+    package.files = {debFolder("./"),
+                     debFolder("./Library/"),
+                     debFolder("./Library/Test/", 0775, 501),
                      DebFile{"./Library/Test/kept.plist", "kept", 0644, 501, 501},
-                     DebFile{"./Library/Test/run", "run", 0755}, debLink("./Library/Test/link", "run"),
+                     DebFile{"./Library/Test/run", "run", 0755},
+                     debLink("./Library/Test/link", "run"),
                      DebFile{"./Library/Test/second", "", 0755, 0, 0, AE_IFREG, "./Library/Test/run"}};
     package.information["md5sums"] = "d41d8cd98f00b204e9800998ecf8427e  Library/Test/run\n";
     package.furtherFields = "Name: Test\n";
@@ -39,7 +42,8 @@ TEST_F(InstallTest, PutsFilesAtTheirDevicePathsAndRecordsTheirOwners) {
 
 TEST_F(InstallTest, LetsThePhoneWriteWhatOnlyReadsInThePackage) {
     DebBuilder package = packageWith("1.0", {});
-    package.files = {debFolder("./Library/"), debFolder("./Library/Test/", 0555), DebFile{"./Library/Test/a", "x", 0444}};
+    package.files = {debFolder("./Library/"), debFolder("./Library/Test/", 0555),
+                     DebFile{"./Library/Test/a", "x", 0444}};
 
     EXPECT_EQ(install(package), 0) << errors;
 
@@ -72,7 +76,8 @@ TEST_F(InstallTest, TakesWhatDpkgDebMakes) {
 
     EXPECT_EQ(file("/Library/Test/" + std::string(150, 'x')), "a long name");
     EXPECT_EQ(file("/Library/Test/äöü"), "no English name");
-    EXPECT_THAT(file("/Library/dpkg/status"), HasSubstr("Conffiles:\n /Library/Test/a b 9dd4e461268c8034f5c8564e155c67a6"));
+    EXPECT_THAT(file("/Library/dpkg/status"),
+                HasSubstr("Conffiles:\n /Library/Test/a b 9dd4e461268c8034f5c8564e155c67a6"));
 }
 
 TEST_F(InstallTest, AnUpgradeRemovesWhatTheNewVersionLacks) {

@@ -1,5 +1,5 @@
-#include "phone/packages/PackageError.h"
 #include "phone/packages/PackageVersion.h"
+#include "phone/packages/PackageError.h"
 #include "phone/packages/Relation.h"
 
 #include <gtest/gtest.h>

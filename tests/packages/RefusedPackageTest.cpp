@@ -51,9 +51,9 @@ TEST_F(RefusedPackageTest, ACompressionThatTheDeviceDoesNotKnow) {
 
 TEST_F(RefusedPackageTest, ATarOfTheExtendedForm) {
     package.files.push_back({"./Library/Test/" + std::string(300, 'x'), "x"});
-    expectRefused(package.with(package.controlTar(),
-                               DebBuilder::tar(package.files, "gz", ARCHIVE_FORMAT_TAR_PAX_INTERCHANGE)),
-                  "use the plain or GNU form of tar");
+    expectRefused(
+        package.with(package.controlTar(), DebBuilder::tar(package.files, "gz", ARCHIVE_FORMAT_TAR_PAX_INTERCHANGE)),
+        "use the plain or GNU form of tar");
 }
 
 TEST_F(RefusedPackageTest, BrokenGzipData) {
@@ -196,7 +196,8 @@ TEST_F(RefusedPackageTest, FilesInThePlaceOfFoldersAndTheOtherWayRound) {
 }
 
 TEST_F(RefusedPackageTest, ALibraryWithoutASliceForThisMachine) {
-    package.files = {debFolder("./Library"), debFolder("./Library/MobileSubstrate"),
+    package.files = {debFolder("./Library"),
+                     debFolder("./Library/MobileSubstrate"),
                      debFolder("./Library/MobileSubstrate/DynamicLibraries"),
                      {"./Library/MobileSubstrate/DynamicLibraries/T.dylib", fatLibrary({12})}};
     expectRefused(package, "T.dylib holds a slice for armv7 and none for ");
