@@ -7,6 +7,7 @@
 #include "phone/flow/PhoneZone.h"
 #include "phone/flow/Player.h"
 #include "phone/flow/Records.h"
+#include "phone/packages/Installer.h"
 
 #include <CLI/CLI.hpp>
 
@@ -34,6 +35,8 @@ struct Given {
     PhoneOptions phone;
     std::string zone;
     bool json = false;
+    std::string package;
+    std::string removed;
 };
 
 void check(const char* option, const std::optional<std::string>& value) {
@@ -107,6 +110,18 @@ int printRecords(const Given& given) {
     return EXIT_SUCCESS;
 }
 
+int install(const Given& given) {
+    const std::string root = existingRoot(given.root);
+    if (given.package.empty() == given.removed.empty()) {
+        throw InputError("install: name a package's file, or one to --remove; see `phone help`");
+    }
+    const auto lines = given.removed.empty() ? installPackage(root, given.package) : removePackage(root, given.removed);
+    for (const std::string& said : lines) {
+        std::printf("%s\n", said.c_str());
+    }
+    return EXIT_SUCCESS;
+}
+
 /// One line, without the line breaks that the parser may use.
 std::string line(const char* text) {
     std::string all = text;
@@ -140,12 +155,20 @@ int parseAndRun(int argc, char** argv) {
     prints->add_option("--zone", given.zone);
     prints->add_flag("--json", given.json);
 
+    CLI::App* installs = app.add_subcommand("install");
+    installs->add_option("package", given.package, "FILE.deb");
+    installs->add_option("--remove", given.removed);
+    installs->add_option("--root", given.root)->required();
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         throw InputError(line(error.what()) + "; see `phone help`");
     }
-    return makes->parsed() ? makeNew(given) : plays->parsed() ? play(given) : printRecords(given);
+    return makes->parsed()      ? makeNew(given)
+           : plays->parsed()    ? play(given)
+           : installs->parsed() ? install(given)
+                                : printRecords(given);
 }
 
 int run(int argc, char** argv) {
@@ -159,10 +182,10 @@ int run(int argc, char** argv) {
         std::fputs(version, stdout);
         return EXIT_SUCCESS;
     }
-    if (command != "new" && command != "play" && command != "records") {
+    if (command != "new" && command != "play" && command != "records" && command != "install") {
         const std::string what =
             command.empty() ? "a command is missing" : "unknown command `" + std::string(command) + "`";
-        throw InputError(what + "; the commands are new, play, records and help");
+        throw InputError(what + "; the commands are new, play, records, install and help");
     }
     return parseAndRun(argc, argv);
 }

@@ -9,6 +9,8 @@ USAGE
   phone play    FLOW.yaml ... --root DIR --out DIR [--device DEVICE] [--app APP] [--language TAG]
                 [--now 2026-03-05T14:37:12] [--zone Europe/Berlin] [--report FILE.json]
   phone records --root DIR [--json] [--zone Europe/Berlin]
+  phone install FILE.deb --root DIR
+  phone install --remove PACKAGE --root DIR
   phone help | --help | --version
 
 new      makes a phone: a folder that stands for the device's `/`, with the library, its resources and
@@ -17,6 +19,9 @@ play     plays flows on a phone, one after the other, and puts their pictures an
          Options here go before those of a flow's header.
 records  prints what stands in the phone's stores, with --json for programs. Dates are shown in the zone
          given, or else in that of the last play.
+install  unpacks a package as the device's dpkg would: over what is there, over another version, or not at
+         all. Files in which a person changed something stay if the package names them as conffiles.
+         With --remove it takes an installed package off; its conffiles stay.
 
 OPTIONS
   --device    iphone4 (3.5 inch), iphone5 (4 inch; unless told otherwise), ipad, other
