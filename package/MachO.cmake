@@ -42,8 +42,11 @@ endfunction()
 
 file(GLOB MACHO_STUBS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/package/stubs/*.tbd)
 
-# The linker for armv7 reads no text stubs: libraries with the same names and symbols stand in for them.
-set(ARMV7_LINK /usr/lib/llvm-13/bin/ld64.lld.darwinold -arch armv7 -ios_version_min 6.0 -sdk_version 6.0 -dylib)
+# The linker for armv7 leaves what its memory happened to hold in the gaps between constants: fresh memory is zero here.
+set(ARMV7_LINK ${CMAKE_COMMAND} -E env GLIBC_TUNABLES=glibc.malloc.tcache_count=0:glibc.malloc.perturb=255 /usr/lib/llvm-13/bin/ld64.lld.darwinold
+               -arch armv7 -ios_version_min 6.0 -sdk_version 6.0 -dylib)
+
+# It reads no text stubs either: libraries with the same names and symbols stand in for them.
 set(ARMV7_STUBS)
 foreach(stub ${MACHO_STUBS})
   get_filename_component(name ${stub} NAME_WLE)
@@ -57,9 +60,8 @@ foreach(stub ${MACHO_STUBS})
   add_custom_command(
     OUTPUT ${base}.dylib
     COMMAND ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_armv7} -c ${base}.s -o ${base}.o
-    COMMAND ${ARMV7_LINK} -install_name ${install_name} -compatibility_version 1 -current_version 1 -undefined dynamic_lookup
-            -o ${base}.dylib
-            ${base}.o
+    COMMAND ${ARMV7_LINK} -install_name ${install_name} -compatibility_version 1 -current_version 1
+            -undefined dynamic_lookup -o ${base}.dylib ${base}.o
     DEPENDS ${base}.s
     COMMENT "Mach-O armv7 stub ${name}"
     VERBATIM)
@@ -67,8 +69,8 @@ foreach(stub ${MACHO_STUBS})
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${stub})
 endforeach()
 
-# Links one slice of a library; `install_name` is its path on the device. No linker of ours removes what nobody asks
-# for by name at armv7, so that is stripped.
+# Links one slice of a library; `install_name` is its path on the device. The linker for armv7 keeps the
+# names of all that is the library's own; they are stripped.
 function(macho_link slice arch install_name)
   set(unsigned ${slice}.unsigned)
   if(arch STREQUAL armv7)
