@@ -20,6 +20,8 @@ function(macho_objects result arch)
     set(pointers)
     if(arch STREQUAL armv7)
       set(pointers ${CMAKE_SOURCE_DIR}/package/armv7/pointers.awk)
+      # The way from a Thumb function's last jump to another library comes out of the linker wrong: calls alone.
+      list(APPEND compile -fno-optimize-sibling-calls)
       set(commands COMMAND ${compile} -MD -MF ${object}.d -MT ${object} -S ${source} -o ${object}.compiled.s
                    COMMAND awk -v out=${object}.s -f ${pointers} ${object}.compiled.s
                    COMMAND ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_armv7} -c ${object}.s -o ${object})
@@ -72,11 +74,12 @@ endforeach()
 # Links one slice of a library; `install_name` is its path on the device. The linker for armv7 keeps the
 # names of all that is the library's own; they are stripped.
 function(macho_link slice arch install_name)
+  set(linked ${slice}.linked)
   set(unsigned ${slice}.unsigned)
   if(arch STREQUAL armv7)
     set(stubs ${ARMV7_STUBS})
-    set(commands COMMAND ${ARMV7_LINK} -dead_strip -install_name ${install_name} -o ${unsigned} ${ARGN} ${stubs}
-                 COMMAND llvm-strip-19 -x ${unsigned})
+    set(commands COMMAND ${ARMV7_LINK} -dead_strip -install_name ${install_name} -o ${linked} ${ARGN} ${stubs}
+                 COMMAND llvm-strip-19 -x ${linked} -o ${unsigned})
   else()
     set(stubs ${MACHO_STUBS})
     set(platform ios)
