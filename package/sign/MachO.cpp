@@ -38,7 +38,8 @@ MachO::MachO(std::vector<std::uint8_t> bytes) : contents(std::move(bytes)) {
     if (text == 0 || linkEdit == 0) {
         throw SigningError("without a __TEXT or a __LINKEDIT segment");
     }
-    if (lastSegmentEnd != contents.size() || field(linkEdit, wide ? 40 : 32) + field(linkEdit, wide ? 48 : 36) != lastSegmentEnd) {
+    if (lastSegmentEnd != contents.size() ||
+        field(linkEdit, wide ? 40 : 32) + field(linkEdit, wide ? 48 : 36) != lastSegmentEnd) {
         throw SigningError("__LINKEDIT does not end the file");
     }
 }

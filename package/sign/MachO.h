@@ -40,7 +40,7 @@ private:
     void readSegment(std::size_t command, std::size_t size);
 
     std::vector<std::uint8_t> contents;
-    bool wide = false;          // 64-bit
+    bool wide = false; // 64-bit
     std::size_t commandsEnd = 0;
     std::size_t firstContent = 0; // where the first section's bytes begin
     std::size_t text = 0;         // the segments' load commands
