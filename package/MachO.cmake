@@ -78,7 +78,9 @@ function(macho_link slice arch install_name)
   set(unsigned ${slice}.unsigned)
   if(arch STREQUAL armv7)
     set(stubs ${ARMV7_STUBS})
+    set(tools weaken-imports ${CMAKE_SOURCE_DIR}/package/armv7/weaken)
     set(commands COMMAND ${ARMV7_LINK} -dead_strip -install_name ${install_name} -o ${linked} ${ARGN} ${stubs}
+                 COMMAND ${CMAKE_SOURCE_DIR}/package/armv7/weaken $<TARGET_FILE:weaken-imports> ${linked} ${ARGN}
                  COMMAND llvm-strip-19 -x ${linked} -o ${unsigned})
   else()
     set(stubs ${MACHO_STUBS})
@@ -95,7 +97,7 @@ function(macho_link slice arch install_name)
     COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
     ${commands}
     COMMAND sign-dylib ${unsigned} ${slice}
-    DEPENDS ${ARGN} ${stubs} sign-dylib
+    DEPENDS ${ARGN} ${stubs} ${tools} sign-dylib
     COMMENT "Mach-O slice ${slice}"
     VERBATIM)
 endfunction()
