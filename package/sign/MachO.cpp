@@ -10,7 +10,6 @@ namespace {
 constexpr std::uint32_t magic32 = 0xfeedface;
 constexpr std::uint32_t magic64 = 0xfeedfacf;
 constexpr std::uint32_t dynamicLibrary = 6;
-constexpr std::uint32_t arm64 = 0x0100000c;
 
 constexpr std::uint32_t segmentCommand32 = 0x1;
 constexpr std::uint32_t segmentCommand64 = 0x19;
@@ -19,6 +18,7 @@ constexpr std::size_t signatureCommandSize = 16;
 
 constexpr std::uint32_t zeroFill = 1; // a section's type: it has no bytes in the file
 constexpr std::size_t signatureAlignment = 16;
+constexpr std::size_t largestPage = 0x4000; // of the devices' memory
 
 constexpr std::uint64_t aligned(std::uint64_t value, std::uint64_t alignment) {
     return (value + alignment - 1) / alignment * alignment;
@@ -117,9 +117,8 @@ std::size_t MachO::addSignature(std::size_t size) {
     commandsEnd += signatureCommandSize;
 
     const std::uint64_t length = contents.size() - field(linkEdit, wide ? 40 : 32);
-    const std::uint64_t page = word(4) == arm64 ? 0x4000 : 0x1000;
     setField(linkEdit, wide ? 48 : 36, length);
-    setField(linkEdit, wide ? 32 : 28, aligned(length, page));
+    setField(linkEdit, wide ? 32 : 28, aligned(length, largestPage));
     return offset;
 }
 

@@ -35,7 +35,8 @@ protected:
         return folder.read("output");
     }
     int status(const std::string& command) {
-        const std::string whole = "{ " + command + "; } >'" + folder.path("output") + "' 2>'" + folder.path("errors") + "'";
+        const std::string whole =
+            "{ " + command + "; } >'" + folder.path("output") + "' 2>'" + folder.path("errors") + "'";
         return WEXITSTATUS(std::system(whole.c_str()));
     }
     /// The slice of a processor as it ships: out of the package, out of the fat library.

@@ -52,8 +52,8 @@ class Signature : public ShippedPackage, public testing::WithParamInterface<cons
 protected:
     Signature() {
         const std::string path = slice(GetParam());
-        const Lines place =
-            lines(output("llvm-otool-19 -l '" + path + "' | awk '/LC_CODE_SIGNATURE/ { n = 1 } n && /data/ { print $2 }'"));
+        const Lines place = lines(
+            output("llvm-otool-19 -l '" + path + "' | awk '/LC_CODE_SIGNATURE/ { n = 1 } n && /data/ { print $2 }'"));
         library = folder.read(std::string(GetParam()) + "/Quorvan.dylib");
         offset = std::stoul(place.at(0));
         blob = library.substr(offset, std::stoul(place.at(1)));
@@ -118,9 +118,10 @@ TEST_P(Signature, SaysWhereTheCodeLies) {
 TEST_P(Signature, EndsTheFileInsideTheLastSegment) {
     EXPECT_EQ(offset % 16, 0U);
     EXPECT_EQ(offset + blob.size(), library.size());
-    const Lines last = lines(output("llvm-otool-19 -l '" + folder.path(std::string(GetParam()) + "/Quorvan.dylib") +
-                                    "' | awk '/segname __LINKEDIT/ { n = 1 } n && /fileoff|filesize|vmsize/ { print $2 }'"
-                                    " | head -3"));
+    const Lines last =
+        lines(output("llvm-otool-19 -l '" + folder.path(std::string(GetParam()) + "/Quorvan.dylib") +
+                     "' | awk '/segname __LINKEDIT/ { n = 1 } n && /fileoff|filesize|vmsize/ { print $2 }'"
+                     " | head -3"));
     ASSERT_EQ(last.size(), 3U);
     const std::size_t memory = std::stoul(last[0], nullptr, 16);
     const std::size_t start = std::stoul(last[1]);
@@ -153,7 +154,8 @@ TEST_F(SignDylib, RefusesWhatIsNoMachO) {
     EXPECT_EQ(refusal(file("#!/bin/sh\necho this is a text of more than thirty-two bytes\n")),
               "sign-dylib: " + folder.path("given.dylib") + ": not a Mach-O file of one processor");
     EXPECT_THAT(refusal(file("")), testing::HasSubstr("not a Mach-O file"));
-    EXPECT_THAT(refusal(file(Bytes("\xca\xfe\xba\xbe", 4) + Bytes(100, '\0'))), testing::HasSubstr("not a Mach-O file"));
+    EXPECT_THAT(refusal(file(Bytes("\xca\xfe\xba\xbe", 4) + Bytes(100, '\0'))),
+                testing::HasSubstr("not a Mach-O file"));
 }
 
 TEST_F(SignDylib, RefusesAnObjectThatIsNoLibrary) {
@@ -187,7 +189,8 @@ TEST_F(SignDylib, RefusesALibraryWithoutRoomForALoadCommand) {
 
 TEST_F(SignDylib, RefusesATruncatedLibrary) {
     const Bytes whole = unsignedSlice("arm64");
-    for (const std::size_t size : {std::size_t{31}, std::size_t{40}, std::size_t{600}, whole.size() / 2, whole.size() - 1}) {
+    for (const std::size_t size :
+         {std::size_t{31}, std::size_t{40}, std::size_t{600}, whole.size() / 2, whole.size() - 1}) {
         SCOPED_TRACE(size);
         EXPECT_NE(refusal(file(whole.substr(0, size))), "");
     }

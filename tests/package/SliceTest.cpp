@@ -61,10 +61,10 @@ TEST_P(Slice, IsADynamicLibraryUnderItsPathOnTheDevice) {
 }
 
 TEST_P(Slice, HasLoadCommandsThatOldSystemsKnow) {
-    EXPECT_THAT(kinds(), IsSubsetOf(Names{"LC_SEGMENT", "LC_SEGMENT_64", "LC_DYLD_INFO_ONLY", "LC_SYMTAB", "LC_DYSYMTAB",
-                                          "LC_ID_DYLIB", "LC_UUID", "LC_VERSION_MIN_IPHONEOS", "LC_SOURCE_VERSION",
-                                          "LC_LOAD_DYLIB", "LC_FUNCTION_STARTS", "LC_DATA_IN_CODE",
-                                          "LC_CODE_SIGNATURE"}));
+    EXPECT_THAT(kinds(),
+                IsSubsetOf(Names{"LC_SEGMENT", "LC_SEGMENT_64", "LC_DYLD_INFO_ONLY", "LC_SYMTAB", "LC_DYSYMTAB",
+                                 "LC_ID_DYLIB", "LC_UUID", "LC_VERSION_MIN_IPHONEOS", "LC_SOURCE_VERSION",
+                                 "LC_LOAD_DYLIB", "LC_FUNCTION_STARTS", "LC_DATA_IN_CODE", "LC_CODE_SIGNATURE"}));
     EXPECT_THAT(kinds(), Contains("LC_DYLD_INFO_ONLY"));
     EXPECT_THAT(kinds(), Contains("LC_CODE_SIGNATURE"));
     EXPECT_THAT(all("segname (__\\w+)\n +vmaddr"), ElementsAre("__TEXT", "__DATA", "__LINKEDIT"));
@@ -183,9 +183,7 @@ TEST_F(Armv7, HasNoPointersThatTheLinkerLeavesAtZero) {
     EXPECT_EQ(status("llvm-otool-19 -l '" + slice("armv7") + "' | grep __nl_symbol_ptr"), 1);
 }
 
-TEST_F(Armv7, HasNoJumpsFromThumbToAnotherLibrary) {
-    EXPECT_EQ(status("llvm-nm-19 '" + linked + "' | grep shim"), 1);
-}
+TEST_F(Armv7, HasNoJumpsFromThumbToAnotherLibrary) { EXPECT_EQ(status("llvm-nm-19 '" + linked + "' | grep shim"), 1); }
 
 TEST_F(Armv7, RunsItsInitialiserAsThumb) {
     const std::string shown = output("llvm-objdump-19 -s --section=__mod_init_func '" + slice("armv7") + "'");

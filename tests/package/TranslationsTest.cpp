@@ -54,13 +54,9 @@ std::set<std::string> keys(const Table& table) {
 
 class Translations : public testing::TestWithParam<const char*> {};
 
-TEST_P(Translations, HaveEveryKeyOfTheScreens) {
-    EXPECT_EQ(keys(table(words, GetParam())), keys(table(words, "en")));
-}
+TEST_P(Translations, HaveEveryKeyOfTheScreens) { EXPECT_EQ(keys(table(words, GetParam())), keys(table(words, "en"))); }
 
-TEST_P(Translations, HaveEveryKeyOfThePane) {
-    EXPECT_EQ(keys(table(pane, GetParam())), keys(table(pane, "en")));
-}
+TEST_P(Translations, HaveEveryKeyOfThePane) { EXPECT_EQ(keys(table(pane, GetParam())), keys(table(pane, "en"))); }
 
 INSTANTIATE_TEST_SUITE_P(Every, Translations,
                          testing::Values("de", "en", "es", "fr", "it", "ja", "nl", "pt", "ru", "zh-Hans"),
