@@ -106,10 +106,10 @@ protected:
 TEST_F(RunningArmv7, HooksBothCallScreensAtLoad) {
     ASSERT_TRUE(processor.call(initialiser));
 
-    EXPECT_THAT(hooked, ElementsAre("hook PHCallViewController viewDidAppear:",
-                                    "add PHCallViewController invokeShare: v@:", "hook InCallController viewDidLoad",
-                                    "hook InCallController loadView", "hook InCallController viewDidAppear:",
-                                    "add InCallController invokeShare: v@:"));
+    EXPECT_THAT(hooked,
+                ElementsAre("hook PHCallViewController viewDidAppear:", "add PHCallViewController invokeShare: v@:",
+                            "hook InCallController viewDidLoad", "hook InCallController loadView",
+                            "hook InCallController viewDidAppear:", "add InCallController invokeShare: v@:"));
 }
 
 TEST_F(RunningArmv7, AddsTheTapAreaAfterThePhoneApplicationsOwnMethod) {
@@ -129,8 +129,8 @@ TEST_F(RunningArmv7, AddsTheTapAreaAfterThePhoneApplicationsOwnMethod) {
 }
 
 TEST_F(RunningArmv7, ExcludesEachOfThePlatformsActivities) {
-    const Lines activities = {"Print",          "CopyToPasteboard", "AssignToContact", "SaveToCameraRoll",
-                              "PostToFacebook", "PostToTwitter",    "PostToWeibo",     "AirDrop",
+    const Lines activities = {"Print",           "CopyToPasteboard", "AssignToContact", "SaveToCameraRoll",
+                              "PostToFacebook",  "PostToTwitter",    "PostToWeibo",     "AirDrop",
                               "AddToReadingList"};
     Lines expected;
     for (const std::string& activity : activities) {
