@@ -4,7 +4,7 @@
 #include "phone/flow/InputError.h"
 #include "phone/packages/PackageError.h"
 
-#include <md5.h>
+#include <nettle/md5.h>
 
 #include <algorithm>
 #include <array>
@@ -128,9 +128,17 @@ std::string PackageDatabase::listText(const std::vector<std::string>& files) {
 }
 
 std::string conffileHash(const std::string& content) {
-    std::array<char, MD5_DIGEST_STRING_LENGTH> digits{};
-    MD5Data(reinterpret_cast<const std::uint8_t*>(content.data()), content.size(), digits.data());
-    return digits.data();
+    md5_ctx hash;
+    md5_init(&hash);
+    md5_update(&hash, content.size(), reinterpret_cast<const std::uint8_t*>(content.data()));
+    std::array<std::uint8_t, MD5_DIGEST_SIZE> digest{};
+    md5_digest(&hash, digest.size(), digest.data());
+    std::string digits;
+    for (const std::uint8_t byte : digest) {
+        digits += "0123456789abcdef"[byte >> 4];
+        digits += "0123456789abcdef"[byte & 15];
+    }
+    return digits;
 }
 
 } // namespace phone

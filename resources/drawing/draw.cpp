@@ -1,6 +1,7 @@
-/// Draws the pictures that are installed beside the library: each at one and at two pixels per point.
+/// Draws the pictures that are installed: each at one and at two pixels per point, the icon of the settings at three
+/// too.
 ///
-///     draw-resources FOLDER
+///     draw-resources LIBRARY-FOLDER
 #include "phone/coregraphics/Painter.h"
 
 #include <cmath>
@@ -122,16 +123,36 @@ void drawArrow(Painter& painter) { chevron(painter, {5.45, 5.25}, -3.95, 3.95, 1
 /// Shown at half its size. It lies behind the columns that stretch, so that it never changes its shape.
 void drawBack(Painter& painter) { chevron(painter, {21, 42}, 18, 18, 6, tint); }
 
+/// The settings' row: the share sheet's note, on a tile of the backdrop's dusk.
+void drawIcon(Painter& painter) {
+    constexpr double side = 29;
+    painter.clip(CGRect(0, 0, side, side), 6.5);
+    painter.gradient(CGRect(0, 0, side, side), {0.16, 0.47, 0.62}, {0.42, 0.27, 0.50});
+    constexpr Color paper{1, 1, 1};
+    painter.fill(CGRect(8, 6, 13, 17), paper, 2);
+    for (double y : {10.0, 13.5, 17.0}) {
+        painter.polyline({{10.5, y}, {y < 17 ? 18.5 : 15, y}}, {0.42, 0.32, 0.55}, 1);
+    }
+    painter.polygon({{16.5, 21.6}, {17.3, 18.6}, {19.5, 20.8}}, {0.20, 0.16, 0.30});
+    painter.polygon({{17.9, 18}, {23, 12.9}, {25.2, 15.1}, {20.1, 20.2}}, {0.20, 0.16, 0.30});
+}
+
 struct Picture {
     const char* name;
     double width; // points
     double height;
     void (*draw)(Painter&);
+    int scales = 2; // pixels a point, from 1 up
 };
 
 constexpr Picture pictures[] = {
-    {"notes", 60, 60, &drawNote},    {"Reminders", 60, 60, &drawReminder}, {"Events", 60, 60, &drawEvent},
-    {"bg", 320, 568, &drawBackdrop}, {"arrow", 7, 10.5, &drawArrow},       {"back", 46, 84, &drawBack},
+    {"Quorvan/notes", 60, 60, &drawNote},
+    {"Quorvan/Reminders", 60, 60, &drawReminder},
+    {"Quorvan/Events", 60, 60, &drawEvent},
+    {"Quorvan/bg", 320, 568, &drawBackdrop},
+    {"Quorvan/arrow", 7, 10.5, &drawArrow},
+    {"Quorvan/back", 46, 84, &drawBack},
+    {"PreferenceLoader/Preferences/Quorvan/icon", 29, 29, &drawIcon, 3},
 };
 
 bool write(const Picture& picture, double scale, const std::string& file) {
@@ -148,13 +169,16 @@ bool write(const Picture& picture, double scale, const std::string& file) {
 
 int main(int count, char** arguments) {
     if (count != 2) {
-        std::fprintf(stderr, "usage: draw-resources FOLDER\n");
+        std::fprintf(stderr, "usage: draw-resources LIBRARY-FOLDER\n");
         return 2;
     }
     for (const Picture& picture : pictures) {
         const std::string stem = std::string(arguments[1]) + "/" + picture.name;
-        if (!write(picture, 1, stem + ".png") || !write(picture, 2, stem + "@2x.png")) {
-            return 1;
+        for (int scale = 1; scale <= picture.scales; ++scale) {
+            const std::string suffix = scale == 1 ? "" : "@" + std::to_string(scale) + "x";
+            if (!write(picture, scale, stem + suffix + ".png")) {
+                return 1;
+            }
         }
     }
     return 0;

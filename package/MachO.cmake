@@ -1,0 +1,103 @@
+# The device's object format: how its objects are compiled and its libraries linked, a slice a processor.
+
+# The oldest systems that the slices load on.
+set(MACHO_TRIPLE_arm64 arm64-apple-ios7.0)
+set(MACHO_TRIPLE_armv7 armv7-apple-ios6.0)
+set(MACHO_TRIPLE_x86_64 x86_64-apple-ios7.0-simulator)
+
+file(GLOB LIBCXX_HEADERS /usr/lib/llvm-19/include/c++/v1)
+set(MACHO_FLAGS -std=c++20 -Os -ffreestanding -nostdlibinc -isystem ${LIBCXX_HEADERS} -fblocks -fno-exceptions -fno-rtti
+                -fvisibility=hidden -fno-threadsafe-statics -Wall -Wextra -Werror -Wno-cast-function-type-mismatch
+                -I${CMAKE_SOURCE_DIR} -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
+
+# Compiles sources for a processor; `result` names the objects.
+function(macho_objects result arch)
+  set(compile ${CCACHE} ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_${arch}} ${MACHO_FLAGS})
+  set(objects)
+  foreach(source ${ARGN})
+    file(RELATIVE_PATH name ${CMAKE_SOURCE_DIR} ${source})
+    set(object ${CMAKE_BINARY_DIR}/macho/${arch}/${name}.o)
+    set(pointers)
+    if(arch STREQUAL armv7)
+      set(pointers ${CMAKE_SOURCE_DIR}/package/armv7/pointers.awk)
+      # The way from a Thumb function's last jump to another library comes out of the linker wrong: calls alone.
+      list(APPEND compile -fno-optimize-sibling-calls)
+      set(commands COMMAND ${compile} -MD -MF ${object}.d -MT ${object} -S ${source} -o ${object}.compiled.s
+                   COMMAND awk -v out=${object}.s -f ${pointers} ${object}.compiled.s
+                   COMMAND ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_armv7} -c ${object}.s -o ${object})
+    else()
+      set(commands COMMAND ${compile} -MD -MF ${object}.d -c ${source} -o ${object})
+    endif()
+    get_filename_component(folder ${object} DIRECTORY)
+    add_custom_command(
+      OUTPUT ${object}
+      COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+      ${commands}
+      DEPENDS ${source} ${pointers}
+      DEPFILE ${object}.d
+      COMMENT "Mach-O ${arch} ${name}"
+      VERBATIM)
+    list(APPEND objects ${object})
+  endforeach()
+  set(${result} ${objects} PARENT_SCOPE)
+endfunction()
+
+file(GLOB MACHO_STUBS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/package/stubs/*.tbd)
+
+# The linker for armv7 leaves what its memory happened to hold in the gaps between constants: fresh memory is zero here.
+set(ARMV7_LINK ${CMAKE_COMMAND} -E env GLIBC_TUNABLES=glibc.malloc.tcache_count=0:glibc.malloc.perturb=255 /usr/lib/llvm-13/bin/ld64.lld.darwinold
+               -arch armv7 -ios_version_min 6.0 -sdk_version 6.0 -dylib)
+
+# It reads no text stubs either: libraries with the same names and symbols stand in for them.
+set(ARMV7_STUBS)
+foreach(stub ${MACHO_STUBS})
+  get_filename_component(name ${stub} NAME_WLE)
+  file(STRINGS ${stub} install_name REGEX "^install-name:")
+  string(REGEX REPLACE "^install-name: *'(.*)'" "\\1" install_name ${install_name})
+  file(STRINGS ${stub} symbols REGEX "^      - ")
+  list(TRANSFORM symbols REPLACE "^      - (.*)" ".globl \\1\n\\1: .long 0\n")
+  string(JOIN "" assembly ".data\n" ${symbols})
+  set(base ${CMAKE_BINARY_DIR}/package/stubs/${name})
+  file(CONFIGURE OUTPUT ${base}.s CONTENT "${assembly}" @ONLY)
+  add_custom_command(
+    OUTPUT ${base}.dylib
+    COMMAND ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_armv7} -c ${base}.s -o ${base}.o
+    COMMAND ${ARMV7_LINK} -install_name ${install_name} -compatibility_version 1 -current_version 1
+            -undefined dynamic_lookup -o ${base}.dylib ${base}.o
+    DEPENDS ${base}.s
+    COMMENT "Mach-O armv7 stub ${name}"
+    VERBATIM)
+  list(APPEND ARMV7_STUBS ${base}.dylib)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${stub})
+endforeach()
+
+# Links one slice of a library; `install_name` is its path on the device. The linker for armv7 keeps the
+# names of all that is the library's own; they are stripped.
+function(macho_link slice arch install_name)
+  set(linked ${slice}.linked)
+  set(unsigned ${slice}.unsigned)
+  if(arch STREQUAL armv7)
+    set(stubs ${ARMV7_STUBS})
+    set(tools weaken-imports ${CMAKE_SOURCE_DIR}/package/armv7/weaken)
+    set(commands COMMAND ${ARMV7_LINK} -dead_strip -install_name ${install_name} -o ${linked} ${ARGN} ${stubs}
+                 COMMAND ${CMAKE_SOURCE_DIR}/package/armv7/weaken $<TARGET_FILE:weaken-imports> ${linked} ${ARGN}
+                 COMMAND llvm-strip-19 -x ${linked} -o ${unsigned})
+  else()
+    set(stubs ${MACHO_STUBS})
+    set(platform ios)
+    if(arch STREQUAL x86_64)
+      set(platform ios-simulator)
+    endif()
+    set(commands COMMAND ld64.lld-19 -arch ${arch} -platform_version ${platform} 7.0 7.0 -dylib -no_encryption
+                         -dead_strip -x -headerpad 0x100 -install_name ${install_name} -o ${unsigned} ${ARGN} ${stubs})
+  endif()
+  get_filename_component(folder ${slice} DIRECTORY)
+  add_custom_command(
+    OUTPUT ${slice}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+    ${commands}
+    COMMAND sign-dylib ${unsigned} ${slice}
+    DEPENDS ${ARGN} ${stubs} ${tools} sign-dylib
+    COMMENT "Mach-O slice ${slice}"
+    VERBATIM)
+endfunction()

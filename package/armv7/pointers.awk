@@ -1,0 +1,17 @@
+# Turns an object's non-lazy symbol pointers, which the linker for armv7 leaves at zero, into plain pointers, which it
+# binds; each under a name of its own, or the linker takes the first for all. Reads assembly, writes the file named by
+# the variable `out`.
+/\$non_lazy_ptr/ { $0 = named($0) }
+/^\t\.section\t__DATA,__nl_symbol_ptr,non_lazy_symbol_pointers$/ { print "\t.section\t__DATA,__pointers" >out; next }
+/^\t\.indirect_symbol\t/ { print "\t.long\t" $2 >out; placeholder = 1; next }
+placeholder && /^\t\.long\t0$/ { placeholder = 0; next }
+{ print >out }
+
+# The assembler's own label, which no object holds, as one that lives until the link.
+function named(line) {
+    while (match(line, /(^|[^A-Za-z0-9_])L[A-Za-z0-9_.]*\$non_lazy_ptr/)) {
+        start = RSTART + (substr(line, RSTART, 1) != "L")
+        line = substr(line, 1, start - 1) "l" substr(line, start + 1)
+    }
+    return line
+}

@@ -1,0 +1,154 @@
+#include "tests/package/Armv7Processor.h"
+#include "tests/package/ShippedPackage.h"
+
+#include <gmock/gmock.h>
+
+#include <regex>
+
+using testing::ElementsAre;
+
+namespace package {
+
+namespace {
+
+/// The slice for armv7, loaded and run; the runtime's functions are the test's.
+class RunningArmv7 : public ShippedPackage {
+protected:
+    using Address = Armv7Processor::Address;
+
+    RunningArmv7() {
+        const std::string path = slice("armv7");
+        const std::string bytes = folder.read("armv7/Quorvan.dylib");
+        const std::string commands = output("llvm-otool-19 -l '" + path + "'");
+        for (const auto& match : all(commands, "vmaddr (\\S+)\n.*\n +fileoff (\\d+)\n +filesize (\\d+)")) {
+            processor.load(number(match[1], 16), bytes.substr(number(match[2], 10), number(match[3], 10)));
+        }
+        const std::string pointers = output("llvm-objdump-19 --macho --rebase '" + path + "'");
+        for (const auto& match : all(pointers, "__DATA +\\S+ +(0x\\S+) +pointer")) {
+            processor.rebase(number(match[1], 16));
+        }
+        const std::string imports = output("llvm-objdump-19 --macho --bind --lazy-bind '" + path + "'");
+        for (const auto& match : all(imports, "__DATA +\\S+ +(0x\\S+) .*?(\\w+)( \\(weak_import\\))?\n")) {
+            processor.bind(number(match[1], 16), match[2]);
+        }
+        const auto place = all(commands, "sectname __mod_init_func\n.*\n +addr (\\S+)");
+        initialiser = processor.word(Armv7Processor::loaded(number(place.at(0)[1], 16)));
+        answerAsTheRuntime();
+    }
+
+    static std::vector<std::vector<std::string>> all(const std::string& text, const std::string& pattern) {
+        std::vector<std::vector<std::string>> found;
+        const std::regex expression(pattern);
+        for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match) {
+            found.emplace_back(match->begin(), match->end());
+        }
+        return found;
+    }
+    static Address number(const std::string& digits, int radix) {
+        return static_cast<Address>(std::stoul(digits, nullptr, radix));
+    }
+
+    Address unique(const std::string& name) {
+        const auto [place, isNew] = known.emplace(name, 0);
+        if (isNew) {
+            place->second = processor.object(name);
+        }
+        return place->second;
+    }
+    void answerAsTheRuntime() {
+        const auto name = [this](int index) { return processor.nameOf(processor.argument(index)); };
+        processor.answer("_objc_getClass", [this] { return unique(processor.text(processor.argument(0))); });
+        processor.answer("_sel_registerName", [this] { return unique(processor.text(processor.argument(0))); });
+        processor.answer("_object_getClass", [this, name] { return unique("class of " + name(0)); });
+        processor.answer("_objc_allocateClassPair", [this] { return unique(processor.text(processor.argument(1))); });
+        processor.answer("_class_addIvar", [] { return 1; });
+        processor.answer("_class_getInstanceMethod", [this, name] { return processor.object(name(1)); });
+        processor.answer("_method_getTypeEncoding", [this, name] {
+            const std::string selector = name(0);
+            const Address encoding = processor.object("encoding");
+            const bool isTest = selector == "canPerformWithActivityItems:";
+            const bool isOrder = selector == "prepareWithActivityItems:";
+            // "c@:@", "v@:@" or "@@:", from the lowest byte up
+            processor.setWord(encoding, isTest ? 0x403a4063 : isOrder ? 0x403a4076 : 0x003a4040);
+            processor.setWord(encoding + 4, 0);
+            return encoding;
+        });
+        processor.answer("_class_addMethod", [this, name] {
+            hooked.push_back("add " + name(0) + " " + name(1) + " " + processor.text(processor.argument(3)));
+            methods[name(0) + " " + name(1)] = processor.argument(2);
+            return 1;
+        });
+        processor.answer("_MSHookMessageEx", [this, name] {
+            hooked.push_back("hook " + name(0) + " " + name(1));
+            methods[name(0) + " " + name(1)] = processor.argument(2);
+            processor.setWord(processor.argument(3), processor.symbol("previous " + name(0) + " " + name(1)));
+            return 0;
+        });
+        processor.answer("_objc_msgSend", [this, name] {
+            const std::string selector = name(1);
+            if (selector == "retain" || selector == "release" || selector == "autorelease") {
+                return processor.argument(0);
+            }
+            const std::string first = selector.ends_with(':') ? name(2) : "";
+            sent.push_back(name(0) + " " + selector + (first.empty() ? "" : " " + first));
+            return processor.object("<" + selector + ">");
+        });
+    }
+
+    Armv7Processor processor;
+    Address initialiser = 0;
+    std::map<std::string, Address> known;
+    std::map<std::string, Address> methods;
+    Lines hooked;
+    Lines sent;
+};
+
+TEST_F(RunningArmv7, HooksBothCallScreensAtLoad) {
+    ASSERT_TRUE(processor.call(initialiser));
+
+    EXPECT_THAT(hooked,
+                ElementsAre("hook PHCallViewController viewDidAppear:", "add PHCallViewController invokeShare: v@:",
+                            "hook InCallController viewDidLoad", "hook InCallController loadView",
+                            "hook InCallController viewDidAppear:", "add InCallController invokeShare: v@:"));
+}
+
+TEST_F(RunningArmv7, AddsTheTapAreaAfterThePhoneApplicationsOwnMethod) {
+    processor.answer("previous InCallController viewDidLoad", [this] {
+        sent.emplace_back("previous");
+        return 0;
+    });
+    ASSERT_TRUE(processor.call(initialiser));
+
+    ASSERT_TRUE(processor.call(methods.at("InCallController viewDidLoad"),
+                               {processor.object("controller"), unique("viewDidLoad")}));
+
+    ASSERT_FALSE(sent.empty());
+    EXPECT_EQ(sent.front(), "previous");
+    EXPECT_THAT(sent, testing::Contains("<view> addSubview: <initWithFrame:>"));
+    EXPECT_THAT(sent, testing::Contains("<initWithFrame:> addGestureRecognizer: <initWithTarget:action:>"));
+}
+
+TEST_F(RunningArmv7, ExcludesEachOfThePlatformsActivities) {
+    const Lines activities = {"Print",           "CopyToPasteboard", "AssignToContact", "SaveToCameraRoll",
+                              "PostToFacebook",  "PostToTwitter",    "PostToWeibo",     "AirDrop",
+                              "AddToReadingList"};
+    Lines expected;
+    for (const std::string& activity : activities) {
+        const std::string constant = "UIActivityType" + activity;
+        processor.setWord(processor.symbol("_" + constant), unique(constant)); // a variable that holds a string
+        expected.push_back("<init> addObject: " + constant);
+    }
+    ASSERT_TRUE(processor.call(initialiser));
+
+    ASSERT_TRUE(processor.call(methods.at("InCallController invokeShare:"),
+                               {processor.object("controller"), unique("invokeShare:")}));
+
+    Lines added;
+    std::ranges::copy_if(sent, std::back_inserter(added),
+                         [](const std::string& line) { return line.find("UIActivityType") != std::string::npos; });
+    EXPECT_EQ(added, expected);
+}
+
+} // namespace
+
+} // namespace package
