@@ -5,6 +5,7 @@
 #include "phone/flow/NewPhone.h"
 #include "phone/flow/Player.h"
 #include "phone/flow/Records.h"
+#include "tests/InstalledLibrary.h"
 #include "tests/flow/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -23,14 +24,15 @@ protected:
         _options.phone.zone = zone;
         _options.phone.now = "2026-03-05T14:37:12";
         makePhone(_options.root, STAGE_DIRECTORY, stores);
+        installChosenLibrary(_options.root);
     }
     /// Plays these commands as one flow; expects all of them to hold.
-    void play(const std::string& commands) {
-        Player player(_options);
-        testing::internal::CaptureStderr();
-        const int status = player.play({Flow::read(folder.write("flow.yaml", commands))});
-        const std::string complaints = testing::internal::GetCapturedStderr();
-        EXPECT_EQ(status, 0) << complaints;
+    void play(const std::string& commands) { play(_options, folder.write("flow.yaml", commands)); }
+    /// Plays a flow on the phone that its header asks for; expects all of it to hold.
+    void playFile(const std::string& file) {
+        Player::Options options = _options;
+        options.phone = {};
+        play(options, file);
     }
     nlohmann::ordered_json recorded(const char* kind) const { return records(_options.root, zone).at(kind); }
     std::string root() const { return _options.root; }
@@ -45,6 +47,14 @@ protected:
     TemporaryFolder folder;
 
 private:
+    static void play(const Player::Options& options, const std::string& file) {
+        Player player(options);
+        testing::internal::CaptureStderr();
+        const int status = player.play({Flow::read(file)});
+        const std::string complaints = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(status, 0) << complaints;
+    }
+
     Player::Options _options;
 };
 

@@ -1,6 +1,7 @@
 #include "tests/phone/PhoneTest.h"
 
 #include "platform/uikit/UIScreen.h"
+#include "tests/InstalledLibrary.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -78,6 +79,7 @@ PhoneTest::PhoneTest() : _accounts{{"LOCAL_NOTES_ACCOUNT", true}, {"Mail", false
     _settings.root = _root.string();
     _settings.now = start;
     fs::copy(STAGE_DIRECTORY, _root, fs::copy_options::recursive);
+    phone::installChosenLibrary(_root);
 }
 
 PhoneTest::~PhoneTest() {
