@@ -23,6 +23,7 @@ namespace phone::macho {
 
 namespace {
 
+constexpr const char* objectRuntime = "/usr/lib/libobjc.A.dylib";
 constexpr char deviceTruth = 'B';
 using DeviceBool = signed char;
 
@@ -91,28 +92,30 @@ std::string withTruthAs(char letter, std::string_view encoding) {
 }
 
 void exportRuntime(Exports& exports) {
-    exports.add("/usr/lib/libobjc.A.dylib", {{"_class_addIvar", code(&addIvar)},
-                                             {"_class_addMethod", code(&addMethod)},
-                                             {"_class_addProtocol", code(&addProtocol)},
-                                             {"_class_getInstanceMethod", code(&class_getInstanceMethod)},
-                                             {"_class_getInstanceVariable", code(&class_getInstanceVariable)},
-                                             {"_class_getName", code(&class_getName)},
-                                             {"_class_getSuperclass", code(&class_getSuperclass)},
-                                             {"_ivar_getOffset", code(&ivar_getOffset)},
-                                             {"_method_getTypeEncoding", code(&typeEncoding)},
-                                             {"_objc_allocateClassPair", code(&objc_allocateClassPair)},
-                                             {"_objc_getClass", code(&objc_getClass)},
-                                             {"_objc_getProtocol", code(&objc_getProtocol)},
-                                             {"_objc_lookUpClass", code(&objc_lookUpClass)},
-                                             {"_objc_msgSend", code(&phoneMessageSend)},
-                                             {"_objc_msgSend_stret", code(&phoneMessageSendInMemory)},
-                                             {"_objc_msgSendSuper", code(&phoneMessageSendSuper)},
-                                             {"_objc_msgSendSuper_stret", code(&phoneMessageSendSuperInMemory)},
-                                             {"_objc_registerClassPair", code(&objc_registerClassPair)},
-                                             {"_object_getClass", code(&object_getClass)},
-                                             {"_sel_getName", code(&sel_getName)},
-                                             {"_sel_isEqual", code(&selectorsAreEqual)},
-                                             {"_sel_registerName", code(&sel_registerName)}});
+    exports.add(objectRuntime, {{"_class_addIvar", code(&addIvar)},
+                                {"_class_addMethod", code(&addMethod)},
+                                {"_class_addProtocol", code(&addProtocol)},
+                                {"_class_getInstanceMethod", code(&class_getInstanceMethod)},
+                                {"_class_getInstanceVariable", code(&class_getInstanceVariable)},
+                                {"_class_getName", code(&class_getName)},
+                                {"_class_getSuperclass", code(&class_getSuperclass)},
+                                {"_ivar_getOffset", code(&ivar_getOffset)},
+                                {"_method_getTypeEncoding", code(&typeEncoding)},
+                                {"_objc_allocateClassPair", code(&objc_allocateClassPair)},
+                                {"_objc_getClass", code(&objc_getClass)},
+                                {"_objc_getProtocol", code(&objc_getProtocol)},
+                                {"_objc_lookUpClass", code(&objc_lookUpClass)},
+                                {"_objc_msgSend", code(&phoneMessageSend)},
+                                {"_objc_msgSendSuper", code(&phoneMessageSendSuper)},
+                                {"_objc_registerClassPair", code(&objc_registerClassPair)},
+                                {"_object_getClass", code(&object_getClass)},
+                                {"_sel_getName", code(&sel_getName)},
+                                {"_sel_isEqual", code(&selectorsAreEqual)},
+                                {"_sel_registerName", code(&sel_registerName)}});
+#if defined(__x86_64__)
+    exports.add(objectRuntime, {{"_objc_msgSend_stret", code(&phoneMessageSendInMemory)},
+                                {"_objc_msgSendSuper_stret", code(&phoneMessageSendSuperInMemory)}});
+#endif
     exports.add("/usr/lib/libSystem.B.dylib", {{"__Block_copy", code(&_Block_copy)},
                                                {"__Block_object_assign", code(&_Block_object_assign)},
                                                {"__Block_object_dispose", code(&_Block_object_dispose)},

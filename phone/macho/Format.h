@@ -13,6 +13,14 @@ inline constexpr std::uint32_t fatMagic = 0xcafebabe;
 inline constexpr std::uint32_t wideFatMagic = 0xcafebabf;
 
 inline constexpr std::uint32_t x86_64Processor = 0x01000007;
+inline constexpr std::uint32_t arm64Processor = 0x0100000c;
+#if defined(__aarch64__)
+inline constexpr std::uint32_t thisProcessor = arm64Processor;
+inline constexpr const char* thisProcessorsName = "arm64";
+#else
+inline constexpr std::uint32_t thisProcessor = x86_64Processor;
+inline constexpr const char* thisProcessorsName = "x86_64";
+#endif
 inline constexpr std::uint32_t dynamicLibrary = 6;
 
 struct FatHeader {

@@ -49,8 +49,8 @@ private:
         if (_header.magic != wideMagic) {
             throw Refusal(_header.magic == narrowMagic ? "made for 32 bits" : "the header has an unknown magic");
         }
-        if (_header.processor != x86_64Processor) {
-            throw Refusal("made for another processor than x86_64");
+        if (_header.processor != thisProcessor) {
+            throw Refusal(std::string("made for another processor than ") + thisProcessorsName);
         }
         if (_header.fileType != dynamicLibrary) {
             throw Refusal("file type " + std::to_string(_header.fileType) + " is no dynamic library");

@@ -77,4 +77,41 @@ asm(R"(
     end_call phoneMessageSendSuperInMemory, phoneSuperMethodInMemory
 )");
 
+#elif defined(__aarch64__)
+
+// A result in memory is no case of its own: its address comes in a register that no argument uses.
+asm(R"(
+    .text
+    .macro begin_call name
+    .p2align 2
+    .hidden \name
+    .globl \name
+    .type \name, %function
+\name:
+    .cfi_startproc
+    .endm
+
+    .macro end_call name, call
+    adrp x16, \call
+    add x16, x16, :lo12:\call
+    b phoneLateCall
+    .cfi_endproc
+    .size \name, . - \name
+    .endm
+
+    begin_call phoneMessageSend
+    cbnz x0, 1f
+    mov x1, #0
+    movi d0, #0
+    movi d1, #0
+    movi d2, #0
+    movi d3, #0
+    ret
+1:
+    end_call phoneMessageSend, phoneMethod
+
+    begin_call phoneMessageSendSuper
+    end_call phoneMessageSendSuper, phoneSuperMethod
+)");
+
 #endif

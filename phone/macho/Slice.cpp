@@ -52,12 +52,12 @@ Bytes findSlice(const Bytes& file) {
     }
     const std::uint32_t count = swapped(file.at<FatHeader>(0, "the fat header").count);
     const auto slices = magic == fatMagic ? places<FatSlice>(file, count) : places<WideFatSlice>(file, count);
-    const auto mine = std::find_if(slices.begin(), slices.end(),
-                                   [](const Place& place) { return place.processor == x86_64Processor; });
+    const auto mine =
+        std::find_if(slices.begin(), slices.end(), [](const Place& place) { return place.processor == thisProcessor; });
     if (mine == slices.end()) {
-        throw Refusal("no slice for x86_64");
+        throw Refusal(std::string("no slice for ") + thisProcessorsName);
     }
-    return file.part(mine->offset, mine->size, "the slice for x86_64");
+    return file.part(mine->offset, mine->size, "the end of its slice");
 }
 
 } // namespace phone::macho

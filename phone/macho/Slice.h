@@ -8,7 +8,7 @@ namespace phone::macho {
 /// Whether a file that begins so claims to be of the device's format: thin or fat, of any processor.
 bool isMachO(std::string_view file);
 
-/// The x86_64 slice of a thin or fat file. Throws a Refusal where there is none.
+/// A thin file whole, or the slice of a fat one that is for this processor. Throws a Refusal where there is none.
 Bytes findSlice(const Bytes& file);
 
 } // namespace phone::macho

@@ -57,7 +57,7 @@ protected:
         constexpr std::uint32_t offset = 4096;
         const FatHeader first{big(fatMagic), big(2)};
         const FatSlice slices[] = {
-            {big(0x0100000c), 0, big(64), big(64), 0},
+            {big(arm64Processor), 0, big(64), big(64), 0},
             {big(processor), 0, big(offset), big(static_cast<std::uint32_t>(slice.size())), big(12)}};
         std::string bytes(offset, '\0');
         std::memcpy(bytes.data(), &first, sizeof(first));
@@ -216,7 +216,7 @@ TEST_F(LibraryTest, AFatFileThatEndsTooEarlyIsRefused) {
 
     EXPECT_EQ(refusalOf(whole.substr(0, 6)), "the file ends before the fat header");
     EXPECT_EQ(refusalOf(whole.substr(0, 20)), "the file ends before the fat header");
-    EXPECT_EQ(refusalOf(whole.substr(0, whole.size() - 1)), "the file ends before the slice for x86_64");
+    EXPECT_EQ(refusalOf(whole.substr(0, whole.size() - 1)), "the file ends before the end of its slice");
 }
 
 TEST_F(LibraryTest, AFatFileOfTooManySlicesIsRefused) {
