@@ -6,7 +6,7 @@ set(MACHO_TRIPLE_armv7 armv7-apple-ios6.0)
 set(MACHO_TRIPLE_x86_64 x86_64-apple-ios7.0-simulator)
 
 file(GLOB LIBCXX_HEADERS /usr/lib/llvm-19/include/c++/v1)
-set(MACHO_FLAGS -std=c++20 -Os -ffreestanding -nostdlibinc -isystem ${LIBCXX_HEADERS} -fblocks -fno-exceptions -fno-rtti
+set(MACHO_FLAGS -std=c++20 -Os -DNDEBUG -ffreestanding -nostdlibinc -isystem ${LIBCXX_HEADERS} -fblocks -fno-exceptions -fno-rtti
                 -fvisibility=hidden -fno-threadsafe-statics -Wall -Wextra -Werror -Wno-cast-function-type-mismatch
                 -I${CMAKE_SOURCE_DIR} -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
 
@@ -26,6 +26,8 @@ function(macho_objects result arch)
                    COMMAND awk -v out=${object}.s -f ${pointers} ${object}.compiled.s
                    COMMAND ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_armv7} -c ${object}.s -o ${object})
     else()
+      # An exception of the platform passes through the library's frames; on armv7 it needs no tables for that.
+      list(APPEND compile -funwind-tables)
       set(commands COMMAND ${compile} -MD -MF ${object}.d -c ${source} -o ${object})
     endif()
     get_filename_component(folder ${object} DIRECTORY)

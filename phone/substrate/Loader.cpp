@@ -2,6 +2,8 @@
 
 #include "phone/device/RootFolder.h"
 #include "phone/foundation/PropertyList.h"
+#include "phone/macho/Library.h"
+#include "phone/macho/Slice.h"
 #include "phone/substrate/Filter.h"
 #include "platform/foundation/NSDictionary.h"
 #include "platform/objc/Pool.h"
@@ -9,8 +11,10 @@
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 
 namespace phone {
 
@@ -32,6 +36,27 @@ std::vector<std::string> libraryNames() {
 }
 
 void warn(const std::string& path, const char* what) { std::fprintf(stderr, "loader: %s: %s\n", path.c_str(), what); }
+
+/// A shared object of the machine, or a library as the device has it. False, with a warning, when it does not load.
+bool load(const std::string& library) {
+    const std::string path = RootFolder::hostPath(library);
+    std::string beginning(sizeof(std::uint32_t), '\0');
+    std::ifstream(path, std::ios::binary).read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
+    if (!macho::isMachO(beginning)) {
+        const bool loads = dlopen(path.c_str(), RTLD_LAZY | RTLD_GLOBAL) != nullptr;
+        if (!loads) {
+            warn(library, dlerror());
+        }
+        return loads;
+    }
+    try {
+        macho::load(path);
+        return true;
+    } catch (const macho::Refusal& refusal) {
+        warn(library, refusal.what());
+        return false;
+    }
+}
 
 bool wanted(const std::string& filterPath) {
     const auto bytes = readFile(filterPath);
@@ -58,11 +83,9 @@ std::vector<std::string> loadLibraries() {
             continue;
         }
         // Only now: what one library defines, the filter of the next may ask for.
-        if (dlopen(RootFolder::hostPath(library).c_str(), RTLD_LAZY | RTLD_GLOBAL) == nullptr) {
-            warn(library, dlerror());
-            continue;
+        if (load(library)) {
+            loaded.push_back(library);
         }
-        loaded.push_back(library);
     }
     return loaded;
 }

@@ -5,6 +5,7 @@
 #include "phone/flow/NewPhone.h"
 #include "phone/flow/Player.h"
 #include "phone/flow/Records.h"
+#include "tests/InstalledLibrary.h"
 #include "tests/flow/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -21,17 +22,21 @@ protected:
         _options.out = folder.path("out");
         _options.executable = BUILD_DIRECTORY "/phone-application";
         _options.phone.zone = zone;
-        _options.phone.now = "2026-03-05T14:37:12"; // before what a flow says
+        _options.phone.now = "2026-03-05T14:37:12";
         makePhone(_options.root, STAGE_DIRECTORY, stores);
+        installChosenLibrary(_options.root);
     }
     /// Plays these commands as one flow; expects all of them to hold.
-    void play(const std::string& commands) { play({Flow::read(folder.write("flow.yaml", commands))}); }
-    void play(const std::vector<Flow>& flows) {
-        Player player(_options);
-        testing::internal::CaptureStderr();
-        const int status = player.play(flows);
-        const std::string complaints = testing::internal::GetCapturedStderr();
-        EXPECT_EQ(status, 0) << complaints;
+    void play(const std::string& commands) { play(_options, {Flow::read(folder.write("flow.yaml", commands))}); }
+    /// Plays flows one after the other on the phones that their headers ask for; expects all of them to hold.
+    void playFiles(const std::vector<std::string>& files) {
+        Player::Options options = _options;
+        options.phone = {};
+        std::vector<Flow> flows;
+        for (const std::string& file : files) {
+            flows.push_back(Flow::read(file));
+        }
+        play(options, flows);
     }
     nlohmann::ordered_json recorded(const char* kind) const { return records(_options.root, zone).at(kind); }
     std::string root() const { return _options.root; }
@@ -46,6 +51,14 @@ protected:
     TemporaryFolder folder;
 
 private:
+    static void play(const Player::Options& options, const std::vector<Flow>& flows) {
+        Player player(options);
+        testing::internal::CaptureStderr();
+        const int status = player.play(flows);
+        const std::string complaints = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(status, 0) << complaints;
+    }
+
     Player::Options _options;
 };
 

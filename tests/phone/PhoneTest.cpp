@@ -2,6 +2,7 @@
 
 #include "phone/notes/NotesFramework.h"
 #include "platform/uikit/UIScreen.h"
+#include "tests/InstalledLibrary.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -80,6 +81,7 @@ PhoneTest::PhoneTest() : _accounts{{"LOCAL_NOTES_ACCOUNT", true}, {"Mail", false
     _settings.now = start;
     fs::copy(STAGE_DIRECTORY, _root, fs::copy_options::recursive);
     phone::NotesFramework::create(_root);
+    phone::installChosenLibrary(_root);
 }
 
 PhoneTest::~PhoneTest() {

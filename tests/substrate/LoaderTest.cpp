@@ -137,5 +137,18 @@ TEST_F(LoaderTest, AFileThatIsNoLibraryIsAWarningAndTheOthersLoad) {
     EXPECT_EQ(recorded, Names{"Whole"});
 }
 
+TEST_F(LoaderTest, ALibraryOfTheDevicesFormatIsLoadedAndABrokenOneIsAWarning) {
+    const std::string folder = std::string(librariesFolder) + "/";
+    std::filesystem::copy_file(SLICE, host(folder + "Whole.dylib"));
+    put(folder + "Broken.dylib", bytes(folder + "Whole.dylib").substr(0, 5000));
+    testing::internal::CaptureStderr();
+
+    const auto loaded = loadLibraries();
+
+    EXPECT_EQ(loaded, Names{folder + "Whole.dylib"});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "loader: " + folder + "Broken.dylib: the file ends before segment __TEXT\n");
+}
+
 } // namespace
 } // namespace phone

@@ -1,0 +1,63 @@
+#include "phone/macho/Slice.h"
+
+#include "phone/macho/Format.h"
+
+#include <algorithm>
+#include <bit>
+#include <vector>
+
+namespace phone::macho {
+
+namespace {
+
+static_assert(std::endian::native == std::endian::little);
+
+constexpr std::uint32_t swapped(std::uint32_t number) { return __builtin_bswap32(number); }
+constexpr std::uint64_t swapped(std::uint64_t number) { return __builtin_bswap64(number); }
+
+struct Place {
+    std::uint32_t processor;
+    std::uint64_t offset, size;
+};
+
+template <class Entry>
+std::vector<Place> places(const Bytes& file, std::uint32_t count) {
+    constexpr std::uint32_t most = 64; // processors; no file has more
+    if (count > most) {
+        throw Refusal("the fat header counts " + std::to_string(count) + " slices");
+    }
+    std::vector<Place> found;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const auto entry = file.at<Entry>(sizeof(FatHeader) + i * sizeof(Entry), "the fat header");
+        found.push_back({swapped(entry.processor), swapped(entry.offset), swapped(entry.size)});
+    }
+    return found;
+}
+
+} // namespace
+
+bool isMachO(std::string_view file) {
+    if (file.size() < sizeof(std::uint32_t)) {
+        return false;
+    }
+    const auto first = Bytes(file).at<std::uint32_t>(0, "the header");
+    const auto is = [&](std::uint32_t magic) { return first == magic || first == swapped(magic); };
+    return is(wideMagic) || is(narrowMagic) || is(fatMagic) || is(wideFatMagic);
+}
+
+Bytes findSlice(const Bytes& file) {
+    const std::uint32_t magic = swapped(file.at<std::uint32_t>(0, "the header"));
+    if (magic != fatMagic && magic != wideFatMagic) {
+        return file;
+    }
+    const std::uint32_t count = swapped(file.at<FatHeader>(0, "the fat header").count);
+    const auto slices = magic == fatMagic ? places<FatSlice>(file, count) : places<WideFatSlice>(file, count);
+    const auto mine =
+        std::find_if(slices.begin(), slices.end(), [](const Place& place) { return place.processor == thisProcessor; });
+    if (mine == slices.end()) {
+        throw Refusal(std::string("no slice for ") + thisProcessorsName);
+    }
+    return file.part(mine->offset, mine->size, "the end of its slice");
+}
+
+} // namespace phone::macho

@@ -1,0 +1,73 @@
+/// The bytes of the small library that the tests load, and of broken variants of it.
+#pragma once
+
+#include "phone/macho/Format.h"
+#include "phone/macho/Image.h"
+
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+namespace phone::macho {
+
+inline std::string readBytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline std::string guest() { return readBytes(GUEST); }
+
+/// Why the bytes are refused; "" where they are not.
+inline std::string refusal(const std::string& bytes) {
+    try {
+        (void)Image::read(Bytes(bytes));
+        return "";
+    } catch (const Refusal& refused) {
+        return refused.what();
+    }
+}
+
+/// A part of the file, to be changed in place. The bytes must stay where they are.
+template <class T>
+T& in(std::string& bytes, std::uint64_t offset) {
+    return *reinterpret_cast<T*>(bytes.data() + offset);
+}
+
+inline Header& header(std::string& bytes) { return in<Header>(bytes, 0); }
+
+/// Where the `number`-th load command of this kind begins.
+inline std::uint64_t commandAt(std::string& bytes, std::uint32_t kind, int number = 0) {
+    std::uint64_t at = sizeof(Header);
+    for (std::uint32_t i = 0; i < header(bytes).commandCount; ++i) {
+        const auto& command = in<Command>(bytes, at);
+        if (command.kind == kind && number-- == 0) {
+            return at;
+        }
+        at += command.size;
+    }
+    throw std::logic_error("the small library has no such command");
+}
+
+enum GuestSegment { Text, Data, LinkEdit };
+
+inline SegmentCommand& segment(std::string& bytes, GuestSegment number) {
+    return in<SegmentCommand>(bytes, commandAt(bytes, WideSegment, number));
+}
+
+inline SectionEntry& section(std::string& bytes, const std::string& name) {
+    for (int number = 0;; ++number) {
+        const std::uint64_t at = commandAt(bytes, WideSegment, number);
+        for (std::uint32_t i = 0; i < in<SegmentCommand>(bytes, at).sectionCount; ++i) {
+            auto& entry = in<SectionEntry>(bytes, at + sizeof(SegmentCommand) + i * sizeof(SectionEntry));
+            if (name == std::string(entry.name, strnlen(entry.name, sizeof(entry.name)))) {
+                return entry;
+            }
+        }
+    }
+}
+
+inline FixupsCommand& fixups(std::string& bytes) { return in<FixupsCommand>(bytes, commandAt(bytes, Fixups)); }
+
+} // namespace phone::macho
