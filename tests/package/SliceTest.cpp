@@ -123,7 +123,6 @@ TEST_P(Slice, TakesTheseSymbolsFromThem) {
                       "_class_getInstanceVariable",
                       "_class_getSuperclass",
                       "_ivar_getOffset",
-                      "_method_getTypeEncoding",
                       "_objc_allocateClassPair",
                       "_objc_getClass",
                       "_objc_getProtocol",
