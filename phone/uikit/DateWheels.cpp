@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 namespace phone {
@@ -78,7 +79,15 @@ std::string part(const std::string& pattern, char field) {
     for (; at < pattern.size() && pattern[at] == field; ++at) {
         found += field;
     }
-    for (; at < pattern.size() && pattern[at] != ' ' && pattern[at] != ',' && !isLetter(pattern[at]); ++at) {
+    const auto ends = [&] {
+        for (const char* space : {" ", "\u00a0", "\u202f"}) {
+            if (pattern.compare(at, std::strlen(space), space) == 0) {
+                return true;
+            }
+        }
+        return pattern[at] == ',' || isLetter(pattern[at]);
+    };
+    for (; at < pattern.size() && !ends(); ++at) {
         found += pattern[at];
     }
     return found;
@@ -129,22 +138,24 @@ DateWheel dayOfMonthWheel(const std::string& pattern) {
     return {DateUnit::DayOfMonth, "dayOfMonth", 54, {1, 31, true, Alignment::Right, title}};
 }
 
-DateWheel monthWheel() {
+DateWheel monthWheel(CGFloat width) {
     const auto title = [write = Writer("LLLL")](long row) { return write({1970, static_cast<int>(row), 1}); };
-    return {DateUnit::Month, "month", 142, {1, 12, true, Alignment::Left, title}};
+    return {DateUnit::Month, "month", width, {1, 12, true, Alignment::Left, title}};
 }
 
-DateWheel yearWheel(const std::string& pattern) {
+DateWheel yearWheel(const std::string& pattern, CGFloat width) {
     const auto title = [write = Writer(part(pattern, 'y'))](long row) { return write({static_cast<int>(row), 1, 1}); };
-    return {DateUnit::Year, "year", 82, {firstYear, lastYear - firstYear + 1, false, Alignment::Left, title}};
+    return {DateUnit::Year, "year", width, {firstYear, lastYear - firstYear + 1, false, Alignment::Left, title}};
 }
 
 /// Day, month and year in the region's order.
 std::vector<DateWheel> wheelsOfDate() {
     const std::string pattern = unquoted(NSDateFormatter::pattern("yMMMMd"));
+    const CGFloat year = part(pattern, 'y') == "y" ? 82 : 104; // a year with its unit needs more room
+    const CGFloat month = 224 - year;
     std::vector<std::pair<std::size_t, DateWheel>> found = {{pattern.find('d'), dayOfMonthWheel(pattern)},
-                                                            {pattern.find_first_of("ML"), monthWheel()},
-                                                            {pattern.find('y'), yearWheel(pattern)}};
+                                                            {pattern.find_first_of("ML"), monthWheel(month)},
+                                                            {pattern.find('y'), yearWheel(pattern, year)}};
     std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<DateWheel> wheels;
     for (auto& [place, wheel] : found) {

@@ -277,6 +277,25 @@ TEST_F(DatePicker, ShowsDayMonthAndYearInGerman) {
     EXPECT_EQ(shown("dayOfMonth"), "5.");
 }
 
+TEST_F(DatePicker, HasRoomForAYearWithItsUnit) {
+    useLanguage("ja");
+    picker().setDatePickerMode(UIDatePickerMode::Date);
+
+    EXPECT_EQ(wheels(), (Names{"year", "month", "dayOfMonth"}));
+    EXPECT_EQ(shown("year"), "2026年");
+    EXPECT_EQ(attribute(wheel("year"), "frame"), "21 0 104 216");
+    EXPECT_EQ(attribute(wheel("month"), "frame"), "125 0 120 216");
+    EXPECT_EQ(attribute(wheel("dayOfMonth"), "frame"), "245 0 54 216");
+}
+
+TEST_F(DatePicker, LeavesTheWordForYearToTheWholeDateInRussian) {
+    useLanguage("ru");
+    picker().setDatePickerMode(UIDatePickerMode::Date);
+
+    EXPECT_EQ(wheels(), (Names{"dayOfMonth", "month", "year"}));
+    EXPECT_EQ(shown("year"), "2026");
+}
+
 TEST_F(DatePicker, KeepsHourAndMinuteWhenADateAloneIsTurned) {
     picker().setDatePickerMode(UIDatePickerMode::Date);
 
