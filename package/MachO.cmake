@@ -13,6 +13,13 @@ set(MACHO_FLAGS -std=c++20 -Os -DNDEBUG -ffreestanding -nostdlibinc -isystem ${L
 # Compiles sources for a processor; `result` names the objects.
 function(macho_objects result arch)
   set(compile ${CCACHE} ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_${arch}} ${MACHO_FLAGS})
+  if(arch STREQUAL armv7)
+    # The way from a Thumb function's last jump to another library comes out of the linker wrong: calls alone.
+    list(APPEND compile -fno-optimize-sibling-calls)
+  else()
+    # An exception of the platform passes through the library's frames; on armv7 it needs no tables for that.
+    list(APPEND compile -funwind-tables)
+  endif()
   set(objects)
   foreach(source ${ARGN})
     file(RELATIVE_PATH name ${CMAKE_SOURCE_DIR} ${source})
@@ -20,14 +27,10 @@ function(macho_objects result arch)
     set(pointers)
     if(arch STREQUAL armv7)
       set(pointers ${CMAKE_SOURCE_DIR}/package/armv7/pointers.awk)
-      # The way from a Thumb function's last jump to another library comes out of the linker wrong: calls alone.
-      list(APPEND compile -fno-optimize-sibling-calls)
       set(commands COMMAND ${compile} -MD -MF ${object}.d -MT ${object} -S ${source} -o ${object}.compiled.s
                    COMMAND awk -v out=${object}.s -f ${pointers} ${object}.compiled.s
                    COMMAND ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_armv7} -c ${object}.s -o ${object})
     else()
-      # An exception of the platform passes through the library's frames; on armv7 it needs no tables for that.
-      list(APPEND compile -funwind-tables)
       set(commands COMMAND ${compile} -MD -MF ${object}.d -c ${source} -o ${object})
     endif()
     get_filename_component(folder ${object} DIRECTORY)

@@ -91,6 +91,7 @@ void MachO::readSegment(std::size_t command, std::size_t size) {
             firstContent = std::min(firstContent, start);
         }
     }
+    segments.push_back(command);
     const auto isNamed = [&](const char* name) {
         return std::strncmp(reinterpret_cast<const char*>(&contents[command + 8]), name, 16) == 0;
     };
@@ -98,6 +99,31 @@ void MachO::readSegment(std::size_t command, std::size_t size) {
         text = command;
     } else if (isNamed("__LINKEDIT")) {
         linkEdit = command;
+    }
+}
+
+std::uint64_t MachO::sectionsEnd(std::size_t segment) const {
+    const std::size_t headSize = wide ? 72 : 56;
+    const std::size_t sectionSize = wide ? 80 : 68;
+    std::uint64_t end = field(segment, 24);
+    for (std::uint32_t i = 0; i < word(segment + headSize - 8); ++i) {
+        const std::size_t section = segment + headSize + i * sectionSize;
+        end = std::max(end, field(section, 32) + field(section, wide ? 40 : 36));
+    }
+    return end;
+}
+
+void MachO::partSegments() {
+    for (std::size_t i = 0; i + 1 < segments.size(); ++i) {
+        const std::size_t segment = segments[i];
+        const std::uint64_t begin = field(segment, 24);
+        const std::uint64_t next = field(segments[i + 1], 24);
+        if (next < begin || sectionsEnd(segment) > next) {
+            throw SigningError("segments that lie over each other");
+        }
+        const std::uint64_t room = next - begin;
+        setField(segment, wide ? 32 : 28, std::min(field(segment, wide ? 32 : 28), room));
+        setField(segment, wide ? 48 : 36, std::min(field(segment, wide ? 48 : 36), room));
     }
 }
 

@@ -25,6 +25,9 @@ public:
     std::uint64_t textOffset() const { return field(text, wide ? 40 : 32); }
     std::uint64_t textSize() const { return field(text, wide ? 48 : 36); }
 
+    /// Takes off a segment what reaches into the next one's memory: llvm-strip rounds the segments of 32-bit libraries
+    /// up to the largest page without moving what follows. Throws `SigningError` where a section lies there.
+    void partSegments();
     /// Makes room for a signature of so many bytes at the end of the file, and a load command that says where; returns
     /// its offset.
     std::size_t addSignature(std::size_t size);
@@ -38,12 +41,15 @@ private:
     void setField(std::size_t command, std::size_t offset, std::uint64_t value);
     void readCommands();
     void readSegment(std::size_t command, std::size_t size);
+    /// Where the sections of a segment end in memory.
+    std::uint64_t sectionsEnd(std::size_t segment) const;
 
     std::vector<std::uint8_t> contents;
     bool wide = false; // 64-bit
     std::size_t commandsEnd = 0;
-    std::size_t firstContent = 0; // where the first section's bytes begin
-    std::size_t text = 0;         // the segments' load commands
+    std::size_t firstContent = 0;      // where the first section's bytes begin
+    std::vector<std::size_t> segments; // their load commands, in order
+    std::size_t text = 0;              // two of them
     std::size_t linkEdit = 0;
     std::uint64_t lastSegmentEnd = 0;
 };

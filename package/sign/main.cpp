@@ -25,6 +25,7 @@ int main(int count, char** arguments) {
     }
     try {
         package::MachO library(std::move(bytes));
+        library.partSegments();
         package::sign(library, to.filename().string());
         std::ofstream out(to, std::ios::binary);
         out.write(reinterpret_cast<const char*>(library.bytes().data()),

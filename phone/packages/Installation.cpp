@@ -257,7 +257,7 @@ void Installation::record(const Package& package, const InstalledPackage* before
 
 void Installation::remove(const InstalledPackage& installed) {
     InstalledPackage left = installed;
-    std::set<std::string> staying;
+    std::set<std::string> staying; // the conffiles, and the folders or links to folders that they lie in
     left.files.clear();
     for (const auto& [path, conffile] : installed.conffiles) {
         for (fs::path part = path; part != "/"; part = part.parent_path()) {
@@ -270,23 +270,21 @@ void Installation::remove(const InstalledPackage& installed) {
         }
     }
     left.isInstalled = false;
-    std::set<std::string> kept;
     for (const auto& [path, conffile] : installed.conffiles) {
-        kept.insert(path);
         if (isThere(_paths.locate(path))) {
             _notes.push_back("kept " + path + ", which a person may have changed");
         }
     }
-    removeLeftOver(installed, kept);
+    removeLeftOver(installed, staying);
     for (const char* kind : recordKinds) {
         const std::string path = PackageDatabase::informationPath(installed.fields.name, kind);
-        if (std::string_view(kind) == "list" && !kept.empty()) {
+        if (std::string_view(kind) == "list" && !staying.empty()) {
             writeDatabaseFile(path, PackageDatabase::listText(left.files));
         } else {
             removeDatabaseFile(path);
         }
     }
-    if (kept.empty()) {
+    if (staying.empty()) {
         _database.remove(installed.fields.name);
     } else {
         _database.put(left);

@@ -112,7 +112,7 @@ TEST_F(Package, HasTheseFields) {
         EXPECT_EQ(field("Name"), "Quorvan");
         EXPECT_EQ(field("Version"), VERSION);
         EXPECT_EQ(field("Architecture"), "iphoneos-arm");
-        EXPECT_EQ(field("Depends"), "mobilesubstrate, preferenceloader");
+        EXPECT_EQ(field("Depends"), "firmware (>= 6.0), mobilesubstrate (>= 0.9.5000), preferenceloader");
         EXPECT_EQ(field("Section"), "Tweaks");
         EXPECT_NE(field("Maintainer"), "");
         EXPECT_NE(field("Description"), "");

@@ -70,6 +70,30 @@ TEST_P(Slice, HasLoadCommandsThatOldSystemsKnow) {
     EXPECT_THAT(all("segname (__\\w+)\n +vmaddr"), ElementsAre("__TEXT", "__DATA", "__LINKEDIT"));
 }
 
+// Later systems refuse a library whose segments overlap.
+TEST_P(Slice, HasSegmentsThatLieOneBehindTheOther) {
+    const auto numbers = [&](const std::string& name, int base) {
+        std::vector<std::uint64_t> found;
+        for (const std::string& number : all("segname __\\w+\n(?: .*\n){0,3}? +" + name + " (\\w+)")) {
+            found.push_back(std::stoull(number, nullptr, base));
+        }
+        return found;
+    };
+    const auto address = numbers("vmaddr", 16);
+    const auto length = numbers("vmsize", 16);
+    const auto offset = numbers("fileoff", 10);
+    const auto size = numbers("filesize", 10);
+
+    ASSERT_EQ(address.size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_LE(size.at(i), length.at(i));
+        if (i > 0) {
+            EXPECT_LE(address[i - 1] + length[i - 1], address[i]);
+            EXPECT_LE(offset[i - 1] + size[i - 1], offset[i]);
+        }
+    }
+}
+
 TEST_P(Slice, LoadsOnTheOldestSystemOfItsProcessor) {
     const std::string oldest = GetParam() == std::string("armv7") ? "6.0" : "7.0";
     EXPECT_THAT(all("cmd LC_VERSION_MIN_IPHONEOS\n.*\n +version (\\S+)"), ElementsAre(oldest));

@@ -163,6 +163,20 @@ TEST_F(InstallTest, InstallsThroughALinkThatStaysInside) {
     EXPECT_EQ(file("/var/Test/a"), "1");
 }
 
+TEST_F(InstallTest, RemovalLeavesALinkToTheFolderOfConffiles) {
+    fs::create_directories(root() + "/var/Test");
+    fs::create_directory_symlink("../var/Test", root() + "/Library/Test");
+    DebBuilder package = packageWith("1.0", {{"a", "1"}, {"kept.plist", "1"}});
+    package.information["conffiles"] = "/Library/Test/kept.plist\n";
+    ASSERT_EQ(install(package), 0) << errors;
+
+    EXPECT_EQ(remove("mirelda.test"), 0) << errors;
+
+    EXPECT_TRUE(fs::is_symlink(root() + "/Library/Test"));
+    EXPECT_TRUE(has("/Library/Test/kept.plist"));
+    EXPECT_FALSE(has("/Library/Test/a"));
+}
+
 TEST_F(InstallTest, RemovalLeavesConffilesAndWhatIsNotThePackages) {
     DebBuilder package = packageWith("1.0", {{"a", "1"}, {"kept.plist", "1"}});
     package.files.push_back(debFolder("./Library/Test/inner"));
