@@ -1,8 +1,7 @@
 #include "phone/macho/CompactUnwind.h"
 
-#include "phone/macho/Format.h"
+#include "phone/macho/FrameEncoding.h"
 
-#include <array>
 #include <utility>
 
 namespace phone::macho {
@@ -11,39 +10,11 @@ namespace {
 
 constexpr const char* what = "the unwind tables";
 
-// An encoding: the kind of frame, handlers of its own, and where which registers were saved.
-constexpr std::uint32_t kindMask = 0x0f000000;
-constexpr std::uint32_t withFramePointer = 0x01000000;
-constexpr std::uint32_t handlers = 0x70000000;
-constexpr std::uint32_t savedRegisters = 5;
-
-// DWARF's numbers of the registers on x86_64.
-constexpr std::uint8_t framePointer = 6;
-constexpr std::uint8_t returnAddress = 16;
-constexpr std::array<std::uint8_t, 6> registerNumbers = {0, 3, 12, 13, 14, 15}; // none, rbx, r12 to r15
-
-/// Which saved register the slot of an encoding names: an index of `registerNumbers`.
-constexpr std::uint32_t slotRegister(std::uint32_t encoding, std::uint32_t slot) {
-    return (encoding >> (3 * slot)) & 7;
-}
-/// How many words below the frame pointer the first slot lies.
-constexpr std::uint32_t firstSlot(std::uint32_t encoding) { return (encoding >> 16) & 0xff; }
-
-void checkEncoding(std::uint32_t encoding) {
-    bool known = (encoding & kindMask) == withFramePointer && (encoding & handlers) == 0;
-    for (std::uint32_t slot = 0; slot < savedRegisters; ++slot) {
-        const std::uint32_t saved = slotRegister(encoding, slot);
-        known = known && saved < registerNumbers.size() && (saved == 0 || slot < firstSlot(encoding));
-    }
-    if (!known) {
-        throw Refusal(std::string(what) + " describe a frame that is not known here");
-    }
-}
-
 /// Reads the pages and turns their beginnings of functions into ranges.
 class TableReader {
 public:
-    TableReader(const Bytes& table, std::uint64_t textAddress) : _table(table), _text(textAddress) {}
+    TableReader(const Bytes& table, std::uint64_t textAddress, std::uint32_t processor)
+        : _table(table), _text(textAddress), _processor(processor) {}
 
     std::vector<UnwindEntry> read() {
         _header = _table.at<UnwindHeader>(0, what);
@@ -106,7 +77,7 @@ private:
             throw Refusal(std::string(what) + " are in disorder");
         }
         if (_open.encoding != 0 && address > _open.start) {
-            checkEncoding(_open.encoding);
+            (void)decodeFrame(_open.encoding, _processor);
             _open.end = address;
             _entries.push_back(_open);
         }
@@ -115,6 +86,7 @@ private:
 
     const Bytes& _table;
     std::uint64_t _text;
+    std::uint32_t _processor;
     UnwindHeader _header{};
     UnwindEntry _open;
     std::vector<UnwindEntry> _entries;
@@ -123,6 +95,8 @@ private:
 /// Writes the records of DWARF's frame descriptions.
 class FrameWriter {
 public:
+    explicit FrameWriter(std::uint32_t processor) : _processor(processor) {}
+
     /// What all functions have in common at their beginning.
     void writeCommon() {
         begin();
@@ -133,7 +107,7 @@ public:
         }
         byte(1);    // code is counted in bytes,
         byte(0x78); // data in words downwards (-8)
-        byte(returnAddress);
+        byte(returnAddressColumn(_processor));
         byte(1); // one byte follows:
         byte(0); // addresses are absolute
         end();
@@ -145,15 +119,12 @@ public:
         number(entry.start + slide, 8);
         number(entry.end - entry.start, 8);
         byte(0);
-        byte(0x0c); // the caller's stack pointer: frame pointer + 16
-        byte(framePointer);
-        byte(16);
-        saved(returnAddress, 1);
-        saved(framePointer, 2);
-        for (std::uint32_t slot = 0; slot < savedRegisters; ++slot) {
-            if (const std::uint32_t one = slotRegister(entry.encoding, slot); one != 0) {
-                saved(registerNumbers[one], static_cast<std::uint16_t>(2 + firstSlot(entry.encoding) - slot));
-            }
+        const Frame frame = decodeFrame(entry.encoding, _processor);
+        byte(0x0c); // the caller's stack pointer: a register and so many bytes
+        byte(frame.base);
+        shortened(frame.bytes);
+        for (const SavedRegister& saved : frame.saved) {
+            write(saved);
         }
         end();
     }
@@ -181,28 +152,38 @@ private:
             byte(static_cast<std::uint8_t>(value >> (8 * i)));
         }
     }
-    /// The register was saved so many words (at most 257) below the caller's stack pointer.
-    void saved(std::uint8_t number, std::uint16_t words) {
-        byte(0x80 | number);
-        if (words >= 0x80) {
-            byte(static_cast<std::uint8_t>(words | 0x80));
-            words >>= 7;
+    /// Seven bits a byte, the lowest first.
+    void shortened(std::uint32_t value) {
+        for (; value >= 0x80; value >>= 7) {
+            byte(static_cast<std::uint8_t>(value | 0x80));
         }
-        byte(static_cast<std::uint8_t>(words));
+        byte(static_cast<std::uint8_t>(value));
+    }
+    void write(const SavedRegister& saved) {
+        constexpr std::uint8_t numbersInInstruction = 64;
+        if (saved.number < numbersInInstruction) {
+            byte(0x80 | saved.number);
+        } else {
+            byte(0x05); // its number on its own
+            shortened(saved.number);
+        }
+        shortened(saved.words);
     }
 
+    std::uint32_t _processor;
     std::vector<std::uint8_t> _bytes;
     std::size_t _start = 0;
 };
 
 } // namespace
 
-std::vector<UnwindEntry> readCompactUnwind(const Bytes& table, std::uint64_t textAddress) {
-    return TableReader(table, textAddress).read();
+std::vector<UnwindEntry> readCompactUnwind(const Bytes& table, std::uint64_t textAddress, std::uint32_t processor) {
+    return TableReader(table, textAddress, processor).read();
 }
 
-std::vector<std::uint8_t> frameDescriptions(const std::vector<UnwindEntry>& entries, std::uint64_t slide) {
-    FrameWriter writer;
+std::vector<std::uint8_t> frameDescriptions(const std::vector<UnwindEntry>& entries, std::uint64_t slide,
+                                            std::uint32_t processor) {
+    FrameWriter writer(processor);
     writer.writeCommon();
     for (const UnwindEntry& entry : entries) {
         writer.write(entry, slide);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "phone/macho/Bytes.h"
+#include "phone/macho/Format.h"
 
 #include <cstdint>
 #include <vector>
@@ -17,10 +18,12 @@ struct UnwindEntry {
 
 /// The device's own tables (`__unwind_info`), in the order of the addresses. Functions without a frame description
 /// are left out. `textAddress` is where the first segment begins.
-std::vector<UnwindEntry> readCompactUnwind(const Bytes& table, std::uint64_t textAddress);
+std::vector<UnwindEntry> readCompactUnwind(const Bytes& table, std::uint64_t textAddress,
+                                           std::uint32_t processor = thisProcessor);
 
-/// The same in the form that this machine's unwinder reads, for a library whose addresses moved by `slide`. To be
-/// registered with it, and kept.
-std::vector<std::uint8_t> frameDescriptions(const std::vector<UnwindEntry>& entries, std::uint64_t slide);
+/// The same in the form that the unwinder of a Linux of that processor reads, for a library whose addresses moved by
+/// `slide`. To be registered with it, and kept.
+std::vector<std::uint8_t> frameDescriptions(const std::vector<UnwindEntry>& entries, std::uint64_t slide,
+                                            std::uint32_t processor = thisProcessor);
 
 } // namespace phone::macho

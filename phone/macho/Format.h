@@ -16,11 +16,10 @@ inline constexpr std::uint32_t x86_64Processor = 0x01000007;
 inline constexpr std::uint32_t arm64Processor = 0x0100000c;
 #if defined(__aarch64__)
 inline constexpr std::uint32_t thisProcessor = arm64Processor;
-inline constexpr const char* thisProcessorsName = "arm64";
 #else
 inline constexpr std::uint32_t thisProcessor = x86_64Processor;
-inline constexpr const char* thisProcessorsName = "x86_64";
 #endif
+constexpr const char* nameOf(std::uint32_t processor) { return processor == arm64Processor ? "arm64" : "x86_64"; }
 inline constexpr std::uint32_t dynamicLibrary = 6;
 
 struct FatHeader {

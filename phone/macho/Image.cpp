@@ -23,7 +23,7 @@ std::string_view fixedText(const char* at) {
 /// Reads the load commands one by one and keeps what the fixups need at the end.
 class ImageReader {
 public:
-    explicit ImageReader(const Bytes& slice) { _image.slice = slice; }
+    ImageReader(const Bytes& slice, std::uint32_t processor) : _processor(processor) { _image.slice = slice; }
 
     Image read() {
         readHeader();
@@ -49,8 +49,8 @@ private:
         if (_header.magic != wideMagic) {
             throw Refusal(_header.magic == narrowMagic ? "made for 32 bits" : "the header has an unknown magic");
         }
-        if (_header.processor != thisProcessor) {
-            throw Refusal(std::string("made for another processor than ") + thisProcessorsName);
+        if (_header.processor != _processor) {
+            throw Refusal(std::string("made for another processor than ") + nameOf(_processor));
         }
         if (_header.fileType != dynamicLibrary) {
             throw Refusal("file type " + std::to_string(_header.fileType) + " is no dynamic library");
@@ -225,7 +225,7 @@ private:
             readFixups(*_fixups);
         }
         if (_unwindInfo.size() > 0) {
-            _image.unwindEntries = readCompactUnwind(_unwindInfo, _textAddress);
+            _image.unwindEntries = readCompactUnwind(_unwindInfo, _textAddress, _processor);
             for (const UnwindEntry& entry : _image.unwindEntries) {
                 if (!_image.isCode(entry.start) || !_image.isCode(entry.end - 1)) {
                     throw Refusal("the unwind tables speak of what is no code");
@@ -248,6 +248,7 @@ private:
         (void)slice().part(fixups.exportOffset, fixups.exportSize, "the exports");
     }
 
+    std::uint32_t _processor;
     Image _image;
     Header _header{};
     int _names = 0;
@@ -258,7 +259,7 @@ private:
 
 } // namespace
 
-Image Image::read(const Bytes& slice) { return ImageReader(slice).read(); }
+Image Image::read(const Bytes& slice, std::uint32_t processor) { return ImageReader(slice, processor).read(); }
 
 bool Image::isCode(std::uint64_t address) const {
     return std::any_of(segments.begin(), segments.end(), [&](const Segment& segment) {

@@ -4,6 +4,7 @@
 #include "phone/macho/Bytes.h"
 #include "phone/macho/CompactUnwind.h"
 #include "phone/macho/Fixups.h"
+#include "phone/macho/Format.h"
 #include "phone/macho/Segment.h"
 
 #include <vector>
@@ -13,7 +14,7 @@ namespace phone::macho {
 /// Lives as long as the bytes it was read from.
 struct Image {
     /// Throws a Refusal for anything that the device's own loader would not run, or that this one cannot.
-    static Image read(const Bytes& slice);
+    static Image read(const Bytes& slice, std::uint32_t processor = thisProcessor);
 
     /// From the lowest address to past the highest.
     std::uint64_t start() const { return segments.front().address; }

@@ -55,7 +55,7 @@ Bytes findSlice(const Bytes& file) {
     const auto mine =
         std::find_if(slices.begin(), slices.end(), [](const Place& place) { return place.processor == thisProcessor; });
     if (mine == slices.end()) {
-        throw Refusal(std::string("no slice for ") + thisProcessorsName);
+        throw Refusal(std::string("no slice for ") + nameOf(thisProcessor));
     }
     return file.part(mine->offset, mine->size, "the end of its slice");
 }
