@@ -1,10 +1,5 @@
 # The device's object format: how its objects are compiled and its libraries linked, a slice a processor.
 
-# The oldest systems that the slices load on.
-set(MACHO_TRIPLE_arm64 arm64-apple-ios7.0)
-set(MACHO_TRIPLE_armv7 armv7-apple-ios6.0)
-set(MACHO_TRIPLE_x86_64 x86_64-apple-ios7.0-simulator)
-
 file(GLOB LIBCXX_HEADERS /usr/lib/llvm-19/include/c++/v1)
 set(MACHO_FLAGS -std=c++20 -Os -DNDEBUG -ffreestanding -nostdlibinc -isystem ${LIBCXX_HEADERS} -fblocks -fno-exceptions -fno-rtti
                 -fvisibility=hidden -fno-threadsafe-statics -Wall -Wextra -Werror -Wno-cast-function-type-mismatch
@@ -89,11 +84,7 @@ function(macho_link slice arch install_name)
                  COMMAND llvm-strip-19 -x ${linked} -o ${unsigned})
   else()
     set(stubs ${MACHO_STUBS})
-    set(platform ios)
-    if(arch STREQUAL x86_64)
-      set(platform ios-simulator)
-    endif()
-    set(commands COMMAND ld64.lld-19 -arch ${arch} -platform_version ${platform} 7.0 7.0 -dylib -no_encryption
+    set(commands COMMAND ld64.lld-19 -arch ${arch} -platform_version ${MACHO_PLATFORM_${arch}} 7.0 7.0 -dylib -no_encryption
                          -dead_strip -x -headerpad 0x100 -install_name ${install_name} -o ${unsigned} ${ARGN} ${stubs})
   endif()
   get_filename_component(folder ${slice} DIRECTORY)

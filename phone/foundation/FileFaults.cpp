@@ -44,7 +44,7 @@ FileFaults* FileFaults::of(int file) {
     std::snprintf(link, sizeof link, "/proc/self/fd/%d", file);
     char path[PATH_MAX];
     // Asked of the kernel itself: `readlink` would answer the device's path.
-    const long length = syscall(SYS_readlink, link, path, sizeof path - 1);
+    const long length = syscall(SYS_readlinkat, AT_FDCWD, link, path, sizeof path - 1);
     if (length < 0) {
         return nullptr;
     }
