@@ -75,124 +75,6 @@ TEST_F(EventSaving, AnHourLaterByAClockThatRepeatsTheHourIsTwoHoursAway) {
     EXPECT_EQ(saved().end, "2026-10-25T03:30:00+01:00");
 }
 
-TEST_F(EventSaving, SendsTheStoreItsMessagesInOrder) {
-    startTyped();
-
-    done();
-
-    EXPECT_EQ(savingMessages(), (Texts{
-                                    "init",
-                                    "requestAccessToEntityType:completion:",
-                                    "calendarsForEntityType:",
-                                    "eventWithEventStore:",
-                                    "defaultCalendarForNewEvents",
-                                    "setCalendar:",
-                                    "setAllDay:",
-                                    "setTitle:",
-                                    "setLocation:",
-                                    "setStartDate:",
-                                    "setStartDate:",
-                                    "setEndDate:",
-                                    "alarmWithRelativeOffset:",
-                                    "setAlarms:",
-                                    "saveEvent:span:commit:error:",
-                                }));
-}
-
-TEST_F(EventSaving, SavesThisAndFutureEventsAtOnce) {
-    startTyped();
-
-    done();
-
-    const auto save = log("store").back();
-    ASSERT_EQ(save.at("message"), "saveEvent:span:commit:error:");
-    EXPECT_EQ(save.at("arguments").at(1), "1");
-    EXPECT_EQ(save.at("arguments").at(2), "true");
-}
-
-TEST_F(EventSaving, SendsTheStoreTheRepetitionBeforeItSaves) {
-    startTyped();
-    chooseInterval("Every Week");
-    chooseRepeatEnd("2026-12-24T14:37");
-
-    done();
-
-    const Texts sent = savingMessages();
-    const auto alarms = std::find(sent.begin(), sent.end(), "setAlarms:");
-    EXPECT_EQ(Texts(alarms, sent.end()), (Texts{
-                                             "setAlarms:",
-                                             "recurrenceEndWithEndDate:",
-                                             "initRecurrenceWithFrequency:interval:end:",
-                                             "addRecurrenceRule:",
-                                             "saveEvent:span:commit:error:",
-                                         }));
-}
-
-TEST_F(EventSaving, TheActivityEndsWithoutWaitingForTheAnswer) {
-    startTyped();
-
-    done();
-
-    Texts order;
-    for (const auto& entry : log()) {
-        const std::string what = entry.at("what");
-        const std::string message = what == "store" ? entry.at("message").get<std::string>() : what;
-        if (message == "finish") {
-            EXPECT_EQ(entry.at("class"), "EventCreate");
-            EXPECT_EQ(entry.at("completed"), true);
-        }
-        if (message == "finish" || message.starts_with("requestAccess") || message.starts_with("saveEvent")) {
-            order.push_back(message.substr(0, 7));
-        }
-    }
-    EXPECT_EQ(order, (Texts{"request", "finish", "saveEve"}));
-}
-
-TEST_F(EventSaving, AnEarlyAnswerSavesBeforeTheActivityEnds) {
-    startTyped();
-    boot().setStoreAnswers("early");
-
-    done();
-
-    EXPECT_EQ(saved(), (Saved{"Home", "Lunch", "", opened, hourLater, ""}));
-    EXPECT_TRUE(isBackOnTheCallScreen());
-}
-
-TEST_F(EventSaving, TheFirstEventEverIsSavedWhenThePersonAllowsIt) {
-    useEvents(Access::Ask);
-    startTyped();
-
-    done();
-    EXPECT_TRUE(events().empty());
-    touchAndWait("OK");
-
-    EXPECT_EQ(saved().title, "Lunch");
-    EXPECT_TRUE(isBackOnTheCallScreen());
-}
-
-TEST_F(EventSaving, IsSilentWhenThePersonDoesNotAllowIt) {
-    useEvents(Access::Ask);
-    startTyped();
-
-    done();
-    touchAndWait("Don't Allow");
-
-    EXPECT_TRUE(events().empty());
-    EXPECT_EQ(savingMessages().back(), "requestAccessToEntityType:completion:");
-    EXPECT_TRUE(isBackOnTheCallScreen());
-}
-
-TEST_F(EventSaving, IsSilentWhereAccessIsDenied) {
-    useEvents(Access::Deny);
-    startTyped();
-
-    done();
-
-    EXPECT_TRUE(events().empty());
-    EXPECT_EQ(logged("finish", "completed"), (Texts{"true"}));
-    EXPECT_TRUE(isBackOnTheCallScreen());
-}
-
 TEST_F(EventSaving, WithoutADescriptionNothingIsSaved) {
     startEvent();
     locate("Canteen");
@@ -347,32 +229,6 @@ TEST_F(EventSaving, ACallThatEndsWhileAnyScreenIsOpenLosesNothing) {
     EXPECT_EQ(events().size(), ways.size());
 }
 
-TEST_F(EventSaving, AnEventOutlivesTheCallWhileThePersonIsAsked) {
-    useEvents(Access::Ask);
-    startTyped();
-    done();
-
-    phoneCall("cancel");
-    advance(5);
-    touchAndWait("OK");
-
-    EXPECT_EQ(events().size(), 1U);
-}
-
-TEST_F(EventSaving, TheCalendarChooserOutlivesTheCallWhileThePersonIsAsked) {
-    useEvents(Access::Ask);
-    startTyped();
-    touchAndWait("Calendar");
-
-    phoneCall("cancel");
-    advance(5);
-    touchAndWait("OK");
-    goBack();
-    done();
-
-    EXPECT_EQ(events().size(), 1U);
-}
-
 TEST_F(EventSaving, ASecondTapOnDoneSavesNothingMore) {
     startTyped();
     const auto button = find("Done");
@@ -418,21 +274,6 @@ TEST_F(EventSaving, WholeDaysOverMidnightAreTooLongForEveryDay) {
 
     EXPECT_TRUE(events().empty());
     EXPECT_EQ(savingMessages().back(), "saveEvent:span:commit:error:");
-}
-
-TEST_F(EventSaving, TheStartIsFirstSetToThePresent) {
-    startTyped();
-    setClock("2026-03-05T16:00:00");
-
-    done();
-
-    std::vector<std::string> starts;
-    for (const auto& entry : log("store")) {
-        if (entry.at("message") == "setStartDate:") {
-            starts.push_back(entry.at("arguments").at(0));
-        }
-    }
-    EXPECT_EQ(starts, (std::vector<std::string>{"2026-03-05T16:00:00Z", "2026-03-05T14:37:12Z"}));
 }
 
 TEST_F(EventSaving, GermanScreensSaveTheSame) {

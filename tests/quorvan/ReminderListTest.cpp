@@ -1,78 +1,11 @@
-#include "phone/foundation/FileFaults.h"
-#include "tests/quorvan/BrokenFiles.h"
-#include "tests/quorvan/CallTest.h"
-
-#include <gtest/gtest.h>
+#include "tests/quorvan/ReminderListTest.h"
 
 namespace {
 
 using phone::Access;
 using Texts = std::vector<std::string>;
 
-class ReminderListChooser : public CallTest {
-protected:
-    static std::string titlesFile() { return resource("Reminders.plist"); }
-    static std::string identifiersFile() { return resource("RemindersID.plist"); }
-
-    /// The row's name reads as its value does at first.
-    void open() { touchAndWait(panel().select_node(".//*[@row='0,0']").node()); }
-    /// Once for the file of titles, and once more to see what it holds.
-    void openTwice() {
-        open();
-        goBack();
-        open();
-    }
-    pugi::xml_node chooser() { return CallTest::chooser("ReminderList"); }
-    Texts rows() { return CallTest::rows(chooser()); }
-    Texts marked() { return CallTest::marked(chooser()); }
-    void writeTitles(const Texts& titles) {
-        std::string body;
-        for (const std::string& title : titles) {
-            body += "<string>" + title + "</string>";
-        }
-        write(titlesFile(), "<?xml version=\"1.0\"?><plist version=\"1.0\"><array>" + body + "</array></plist>");
-    }
-    /// What the file of titles holds, in order.
-    Texts titles() const {
-        pugi::xml_document file;
-        file.load_string(read(titlesFile()).c_str());
-        Texts found;
-        for (const auto& title : file.select_nodes("/plist/array/string")) {
-            found.emplace_back(title.node().text().get());
-        }
-        return found;
-    }
-    /// L0 to L11: more than the panel shows.
-    void useTwelveLists() {
-        std::vector<phone::CalendarStore> lists;
-        for (int i = 0; i < 12; ++i) {
-            lists.push_back({"L" + std::to_string(i)});
-        }
-        useReminders(Access::Allow, lists);
-    }
-    /// A finger moves the rows up, as far as they go.
-    void scrollToTheEnd() {
-        for (int i = 0; i < 3; ++i) {
-            touch(phone::Screen::Phase::Began, 160, 400);
-            touch(phone::Screen::Phase::Moved, 160, 300);
-            touch(phone::Screen::Phase::Moved, 160, 200);
-            touch(phone::Screen::Phase::Ended, 160, 200);
-            settle();
-        }
-    }
-    /// What was done to the two files, in order: "ACTION NAME OK".
-    Texts fileActions() {
-        Texts actions;
-        for (const auto& entry : log("file")) {
-            const std::string path = entry.at("path");
-            if (path == titlesFile() || path == identifiersFile()) {
-                actions.push_back(entry.at("action").get<std::string>() + " " + path.substr(path.rfind('/') + 1) +
-                                  (entry.at("ok") == true ? " ok" : " refused"));
-            }
-        }
-        return actions;
-    }
-};
+class ReminderListChooser : public ReminderListTest {};
 
 } // namespace
 
@@ -121,23 +54,6 @@ TEST_F(ReminderListChooser, SpeaksThePersonsLanguage) {
     EXPECT_EQ(attribute(chooser().parent(), "title"), "Erinnerung");
 }
 
-TEST_F(ReminderListChooser, AsksThePersonAtTheFirstOpeningAndIsFilledAtTheNext) {
-    start();
-    startReminder();
-
-    open();
-    EXPECT_TRUE(isVisible("“Phone” Would Like to Access Your Reminders"));
-    EXPECT_TRUE(rows().empty());
-    touchAndWait("OK");
-    EXPECT_TRUE(rows().empty());
-    EXPECT_EQ(titles(), (Texts{"Tasks", "Shopping", "Work"}));
-    goBack();
-    open();
-
-    EXPECT_EQ(rows(), (Texts{"Tasks", "Shopping", "Work"}));
-    EXPECT_FALSE(find("OK"));
-}
-
 TEST_F(ReminderListChooser, CannotBeLeftWhileThePersonIsAsked) {
     start();
     startReminder();
@@ -164,19 +80,6 @@ TEST_F(ReminderListChooser, OutlivesTheCallWhileThePersonIsAsked) {
     EXPECT_FALSE(exists(identifiersFile()));
 }
 
-TEST_F(ReminderListChooser, WritesNothingWhereTheStoreCannotBeAsked) {
-    writeTitles({"Garden"});
-    useReminders(Access::Allow);
-    start();
-    startReminder();
-    withholdRequests();
-
-    openTwice();
-
-    EXPECT_EQ(rows(), (Texts{"Garden"}));
-    EXPECT_EQ(logged("store", "message"), (Texts{"init", "init"}));
-}
-
 TEST_F(ReminderListChooser, AMissingBundleShowsTheKeys) {
     remove(resource("Translations.bundle"));
     start();
@@ -186,18 +89,6 @@ TEST_F(ReminderListChooser, AMissingBundleShowsTheKeys) {
 
     EXPECT_TRUE(chooser().select_node("UINavigationBar/UILabel[@text='List']"));
     EXPECT_TRUE(find("Back"));
-}
-
-TEST_F(ReminderListChooser, KeepsTheOldFileWhereItCannotBeWritten) {
-    writeTitles({"Garden"});
-    useReminders(Access::Allow);
-    start();
-    startReminder();
-    const phone::FileFaults readOnly(phone::FileFaults::Disk::ReadOnly, "/Library/Quorvan");
-
-    openTwice();
-
-    EXPECT_EQ(rows(), (Texts{"Garden"}));
 }
 
 // The cells are the platform's to reuse, and nothing takes their checkmarks off.
@@ -226,200 +117,6 @@ TEST_F(ReminderListChooser, TakesATapWhileTheRowMarkedBeforeIsOutOfSight) {
     goBack();
 
     EXPECT_EQ(shownValue(0), "L11");
-}
-
-TEST_F(ReminderListChooser, DeniedWritesNothingAndShowsWhatTheFileHeld) {
-    writeTitles({"Garden"});
-    start();
-    startReminder();
-
-    open();
-    touchAndWait("Don't Allow");
-    goBack();
-    open();
-
-    EXPECT_EQ(rows(), (Texts{"Garden"}));
-    EXPECT_EQ(fileActions(), (Texts{
-                                 "read RemindersID.plist refused",
-                                 "read Reminders.plist ok",
-                                 "read RemindersID.plist refused",
-                                 "read Reminders.plist ok",
-                             }));
-}
-
-TEST_F(ReminderListChooser, ALateAnswerIsSeenAtTheNextOpening) {
-    remove(titlesFile());
-    useReminders(Access::Allow);
-    start();
-    startReminder();
-
-    open();
-    EXPECT_TRUE(rows().empty());
-    goBack();
-    open();
-
-    EXPECT_EQ(rows(), (Texts{"Tasks", "Shopping", "Work"}));
-}
-
-TEST_F(ReminderListChooser, AnEarlyAnswerIsSeenAtOnce) {
-    useReminders(Access::Allow);
-    start();
-    boot().setStoreAnswers("early");
-    startReminder();
-
-    open();
-
-    EXPECT_EQ(rows(), (Texts{"Tasks", "Shopping", "Work"}));
-    EXPECT_EQ(fileActions(), (Texts{
-                                 "write RemindersID.plist refused",
-                                 "write Reminders.plist ok",
-                                 "read RemindersID.plist refused",
-                                 "read Reminders.plist ok",
-                             }));
-}
-
-TEST_F(ReminderListChooser, ALateAnswerComesAfterTheFilesWereRead) {
-    useReminders(Access::Allow);
-    start();
-    startReminder();
-
-    open();
-
-    EXPECT_EQ(fileActions(), (Texts{
-                                 "read RemindersID.plist refused",
-                                 "read Reminders.plist ok",
-                                 "write RemindersID.plist refused",
-                                 "write Reminders.plist ok",
-                             }));
-}
-
-TEST_F(ReminderListChooser, NeverLeavesAFileOfIdentifiers) {
-    useReminders(Access::Allow);
-    start();
-    boot().setStoreAnswers("early");
-    startReminder();
-
-    openTwice();
-
-    EXPECT_FALSE(exists(identifiersFile()));
-}
-
-TEST_F(ReminderListChooser, LeavesAFileOfIdentifiersOfAnotherProgramAlone) {
-    const std::string foreign =
-        "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>A</string></array></plist>";
-    write(identifiersFile(), foreign);
-    useReminders(Access::Allow);
-    start();
-    startReminder();
-    typeNote("milk");
-
-    openTwice();
-    touchAndWait("Shopping");
-    goBack();
-    done();
-
-    EXPECT_EQ(read(identifiersFile()), foreign);
-    ASSERT_EQ(reminders().size(), 1U);
-    EXPECT_EQ(reminders()[0].list, "Shopping");
-}
-
-TEST_F(ReminderListChooser, SendsTheStoreItsMessagesInOrder) {
-    useReminders(Access::Allow);
-    start();
-    startReminder();
-
-    open();
-
-    EXPECT_EQ(logged("store", "message"), (Texts{"init", "respondsToSelector:", "requestAccessToEntityType:completion:",
-                                                 "calendarsForEntityType:", "title", "title", "title"}));
-}
-
-TEST_F(ReminderListChooser, ShowsAStaleFileUntilTheNextOpening) {
-    writeTitles({"Garden", "House", "Car", "Tasks"});
-    useReminders(Access::Allow);
-    start();
-    startReminder();
-
-    open();
-    EXPECT_EQ(rows(), (Texts{"Garden", "House", "Car", "Tasks"}));
-    goBack();
-    open();
-
-    EXPECT_EQ(rows(), (Texts{"Tasks", "Shopping", "Work"}));
-}
-
-TEST_F(ReminderListChooser, WithoutAnyListWritesAnEmptyFileAndKeepsTheChoice) {
-    writeTitles({"Garden"});
-    useReminders(Access::Allow, {});
-    start();
-    startReminder();
-    open();
-    touchAndWait("Garden");
-    goBack();
-
-    open();
-
-    EXPECT_TRUE(rows().empty());
-    EXPECT_TRUE(exists(titlesFile()));
-    EXPECT_TRUE(titles().empty());
-    EXPECT_EQ((goBack(), shownValue(0)), "Garden");
-}
-
-TEST_F(ReminderListChooser, HasNoRowsWithoutAReadableFile) {
-    for (const char* content :
-         {"", "no property list", "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict/></plist>"}) {
-        SCOPED_TRACE(content);
-        write(titlesFile(), content);
-        if (!isStarted()) {
-            useReminders(Access::Deny);
-            start();
-            startReminder();
-        }
-
-        open();
-
-        EXPECT_TRUE(rows().empty());
-        goBack();
-    }
-    remove(titlesFile());
-
-    open();
-
-    EXPECT_TRUE(rows().empty());
-}
-
-TEST_F(ReminderListChooser, SurvivesWhateverStandsInThePlaceOfItsFile) {
-    useReminders(Access::Allow);
-    start();
-    startCall();
-    std::size_t saved = 0;
-
-    for (const BrokenFile& broken : brokenFiles()) {
-        SCOPED_TRACE(broken.name);
-        broken.put(hostPath(titlesFile()));
-        openSheet();
-        openReminder();
-        typeNote("milk");
-        open();
-        goBack();
-        done();
-
-        EXPECT_EQ(reminders().size(), ++saved);
-        remove(titlesFile());
-    }
-}
-
-TEST_F(ReminderListChooser, ShowsARowThatIsNoTextEmpty) {
-    write(titlesFile(), "<?xml version=\"1.0\"?><plist "
-                        "version=\"1.0\"><array><integer>7</integer><string>Garden</string></array></plist>");
-    useReminders(Access::Deny);
-    start();
-    startReminder();
-
-    open();
-
-    EXPECT_EQ(rows(), (Texts{"", "Garden"}));
-    EXPECT_TRUE(log("exception").empty());
 }
 
 TEST_F(ReminderListChooser, ShowsTheListsInTheStoresOrderReadOnlyOnesToo) {

@@ -1,30 +1,10 @@
-#include "platform/uikit/UINavigationController.h"
-#include "tests/quorvan/CallTest.h"
-
-#include <gtest/gtest.h>
+#include "tests/quorvan/ReminderScreenTest.h"
 
 namespace {
 
-class ReminderScreen : public CallTest {
-protected:
-    std::vector<std::string> values() { return {shownValue(0), shownValue(1), shownValue(2)}; }
-    pugi::xml_node screen() { return panel().parent(); }
-    pugi::xml_node accessory(int row) {
-        return panel().select_node((".//*[@row='0," + std::to_string(row) + "']//UIView[UIImageView]").c_str()).node();
-    }
-    /// The animations of the panel for the keyboard so far.
-    std::vector<nlohmann::ordered_json> moves() {
-        std::vector<nlohmann::ordered_json> found;
-        for (const auto& entry : log("animation")) {
-            if (entry.at("name") == "theBox") {
-                found.push_back(entry);
-            }
-        }
-        return found;
-    }
-};
-
 using Texts = std::vector<std::string>;
+
+class ReminderScreen : public ReminderScreenTest {};
 
 } // namespace
 
@@ -163,145 +143,6 @@ TEST_F(ReminderScreen, ARowShowsItsValueAndAnArrow) {
     }
 }
 
-TEST_F(ReminderScreen, EditingClearsThePlaceholderAndMovesThePanelAboveTheKeyboard) {
-    start();
-    startReminder();
-
-    touchAndWait(noteText());
-
-    EXPECT_EQ(shownText(), "");
-    EXPECT_EQ(attribute(noteText(), "textColor"), "#000000ff");
-    EXPECT_EQ(attribute(noteText(), "firstResponder"), "true");
-    EXPECT_EQ(attribute(panel(), "frame"), "15 41 290 270"); // the middle of 568 - 216 points
-    ASSERT_EQ(moves().size(), 1U);
-    EXPECT_EQ(moves()[0].at("curve"), 1);
-    EXPECT_EQ(moves()[0].at("duration"), 0.27);
-    EXPECT_EQ(moves()[0].at("view"), "UIView");
-}
-
-TEST_F(ReminderScreen, AllowsForTheSameKeyboardOnATablet) {
-    start({.device = "ipad"});
-    startReminder();
-
-    touchAndWait(noteText());
-
-    EXPECT_EQ(attribute(panel(), "frame"), "239 269 290 270"); // the middle of 1024 - 216 points
-}
-
-TEST_F(ReminderScreen, ReturnEndsTheEditingAndAddsNoLineBreak) {
-    start();
-    startReminder();
-    typeNote("milk");
-
-    type("\n");
-    settle();
-
-    EXPECT_EQ(shownText(), "milk");
-    EXPECT_EQ(attribute(noteText(), "textColor"), "#000000ff");
-    EXPECT_NE(attribute(noteText(), "firstResponder"), "true");
-    EXPECT_EQ(attribute(panel(), "frame"), "15 149 290 270");
-    EXPECT_EQ(moves().size(), 2U);
-}
-
-TEST_F(ReminderScreen, ReturnOnAnEmptyTextBringsThePlaceholderBack) {
-    start();
-    startReminder();
-    typeNote("a");
-    key("backspace");
-
-    key("enter");
-    settle();
-
-    EXPECT_EQ(shownText(), "  Description");
-    EXPECT_EQ(attribute(noteText(), "textColor"), "#c0c0c0ff");
-}
-
-TEST_F(ReminderScreen, APastedTextWithALineBreakIsRefusedWhole) {
-    const std::string breaks[] = {"\n", "\r", "\r\n", "\v", "\f", "\u0085", "\u2028", "\u2029"};
-    start();
-    startReminder();
-    typeNote("milk");
-
-    for (const std::string& lineBreak : breaks) {
-        SCOPED_TRACE(testing::PrintToString(lineBreak));
-        boot().setClipboard("eggs" + lineBreak + "bread");
-        boot().pasteText();
-        settle();
-
-        EXPECT_EQ(shownText(), "milk");
-        EXPECT_NE(attribute(noteText(), "firstResponder"), "true");
-        touchAndWait(noteText());
-    }
-}
-
-TEST_F(ReminderScreen, APastedTextWithoutALineBreakIsTaken) {
-    start();
-    startReminder();
-    typeNote("milk");
-
-    boot().setClipboard(" and\teggs");
-    boot().pasteText();
-    settle();
-
-    EXPECT_EQ(shownText(), "milk and\teggs");
-    EXPECT_EQ(attribute(noteText(), "firstResponder"), "true");
-}
-
-TEST_F(ReminderScreen, ATypedTextStaysWhenItIsEditedAgain) {
-    start();
-    startReminder();
-    typeNote("milk");
-    key("enter");
-    settle();
-
-    touchAndWait(noteText());
-
-    EXPECT_EQ(shownText(), "milk");
-}
-
-TEST_F(ReminderScreen, ATypedTextEqualToThePlaceholderIsClearedWhenItIsEditedAgain) {
-    start();
-    startReminder();
-    typeNote("  Description");
-    key("enter");
-    settle();
-    EXPECT_EQ(attribute(noteText(), "textColor"), "#000000ff");
-
-    touchAndWait(noteText());
-
-    EXPECT_EQ(shownText(), "");
-}
-
-TEST_F(ReminderScreen, OpensTheKeyboardAtOnceWhenThePersonWantsIt) {
-    turnOn({1});
-    start();
-
-    startReminder();
-
-    EXPECT_EQ(attribute(noteText(), "firstResponder"), "true");
-    EXPECT_EQ(attribute(panel(), "frame"), "15 41 290 270");
-}
-
-TEST_F(ReminderScreen, LeavesTheKeyboardClosedWithoutPreferences) {
-    start();
-
-    startReminder();
-
-    EXPECT_NE(attribute(noteText(), "firstResponder"), "true");
-    EXPECT_FALSE(exists("/var/mobile/Library/Preferences/Mirelda.Quorvan.plist"));
-}
-
-TEST_F(ReminderScreen, OpensTheKeyboardAgainAfterAChooser) {
-    turnOn({1});
-    start();
-    startReminder();
-    touchAndWait("Priority");
-
-    goBack();
-
-    EXPECT_EQ(attribute(noteText(), "firstResponder"), "true");
-}
-
 TEST_F(ReminderScreen, ARowHidesThePanelUntilItsChooserIsLeft) {
     useReminders(phone::Access::Allow);
     start();
@@ -333,19 +174,6 @@ TEST_F(ReminderScreen, EachRowOpensItsChooser) {
     goBack();
     touchAndWait("Priority");
     EXPECT_TRUE(chooser("ReminderPriority"));
-}
-
-TEST_F(ReminderScreen, KeepsTheTextAcrossAChooserAndPutsTheKeyboardAway) {
-    start();
-    startReminder();
-    typeNote("milk");
-
-    touchAndWait("Priority");
-    EXPECT_EQ(tree().select_nodes("//*[@firstResponder='true']").size(), 0U);
-    goBack();
-
-    EXPECT_EQ(shownText(), "milk");
-    EXPECT_EQ(attribute(panel(), "frame"), "15 149 290 270");
 }
 
 TEST_F(ReminderScreen, CancelFadesThePanelAndEndsTheActivityUnsaved) {
