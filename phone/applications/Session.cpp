@@ -27,6 +27,29 @@ using nlohmann::json;
 /// What moves for longer than this moves for ever.
 constexpr double longestSettling = 60; // seconds
 
+const char* nameOf(CallService::Phase phase) {
+    static constexpr const char* names[] = {"idle", "ringing", "active", "held", "ended"};
+    return names[static_cast<int>(phase)];
+}
+
+json whatThePhoneDoes() {
+    const CallService& call = CallService::shared();
+    return {{"orientation", HeldScreen::shared().orientation()},
+            {"call", {{"phase", nameOf(call.phase())}, {"number", call.number()}, {"seconds", call.seconds()}}},
+            {"clock", WallClock::now()},
+            {"keyboard", Keyboard::shared().isShown()}};
+}
+
+/// For who moves the clock in real time: `next`, in how many seconds something is due, where anything is; and `moving`,
+/// whether that comes to an end by itself.
+void addTimes(json& answer) {
+    const RunLoop& loop = RunLoop::main();
+    if (const double next = loop.nextTimer(); next >= 0) {
+        answer["next"] = std::max(0.0, next - loop.now());
+    }
+    answer["moving"] = loop.nextMovement() >= 0;
+}
+
 } // namespace
 
 Session::Session(const Settings& settings, Start start) {
@@ -40,6 +63,7 @@ Session::Session(const Settings& settings, Start start) {
 json Session::request(const json& command) {
     json answer;
     run([&] { answer = perform(command); });
+    addTimes(answer);
     return answer;
 }
 
@@ -82,19 +106,21 @@ json Session::perform(const json& command) {
         RunLoop::main().advance(command.at("seconds"));
     } else if (what == "settle") {
         waitUntilNothingMoves();
+    } else if (what == "picture") {
+        return _display.update();
+    } else if (what == "state") {
+        return whatThePhoneDoes();
     } else if (what == "tree") {
         return {{"tree", dumpTree(command.value("finding", false))}};
     } else if (what == "log") {
         return {{"log", Log::shared().lines()}};
     } else if (what == "screenshot") {
-        const std::string path = command.at("path");
-        if (!writeScreenshot(path)) {
-            throw ScreenError("cannot write " + path);
-        }
+        takeScreenshot(command);
     } else if (what == "phoneCall") {
         CallService::shared().perform(command.at("action"), command.value("number", ""));
     } else if (what == "setClock") {
-        WallClock::set(command.at("seconds"));
+        const double moment = command.at("seconds");
+        command.value("runs", false) ? WallClock::run(moment) : WallClock::set(moment);
     } else if (what == "setStoreAnswers") {
         letStoresAnswer(command.at("when"));
     } else if (what == "setOrientation") {
@@ -105,6 +131,8 @@ json Session::perform(const json& command) {
         Interface::shared().deviceTurned();
     } else if (what == "setClipboard") {
         UIPasteboard::general().setString(string(command.at("text")));
+    } else if (what == "clipboard") {
+        return {{"text", text(UIPasteboard::general().string())}};
     } else if (what == "pasteText") {
         phone::pasteText(); // not Screen's command of that name, which comes here
     } else if (what == "hideKeyboard") {
@@ -126,6 +154,8 @@ void Session::deliverTouch(const json& command) {
     } else if (phase == "ended") {
         delivery.moved(point);
         delivery.ended();
+    } else if (phase == "cancelled") {
+        delivery.cancel();
     } else {
         throw ScreenError("no such phase of a touch: " + phase);
     }
@@ -137,6 +167,26 @@ void Session::letStoresAnswer(const std::string& when) {
         throw ScreenError("a store answers late or early, not " + when);
     }
     eventkit::AccessRequests::shared().setAnswers(when == "early" ? Answers::Early : Answers::Late);
+}
+
+void Session::takeScreenshot(const json& command) {
+    const std::string path = command.at("path");
+    bool written = false;
+    if (command.contains("rect")) {
+        const json& rect = command.at("rect");
+        const CGRect area{{rect.at(0), rect.at(1)}, {rect.at(2), rect.at(3)}};
+        const CGSize screen = HeldScreen::shared().size();
+        if (!(area.origin.x >= 0 && area.origin.y >= 0 && area.size.width > 0 && area.size.height > 0 &&
+              area.maxX() <= screen.width && area.maxY() <= screen.height)) {
+            throw ScreenError("the part to be pictured does not lie on the screen");
+        }
+        written = writeScreenshot(path, area);
+    } else {
+        written = writeScreenshot(path);
+    }
+    if (!written) {
+        throw ScreenError("cannot write " + path);
+    }
 }
 
 void Session::waitUntilNothingMoves() {

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "phone/applications/Boot.h"
+#include "phone/applications/Display.h"
 #include "phone/device/Screen.h"
 
 #include <functional>
-
 #include <string>
 
 namespace phone {
@@ -20,6 +20,9 @@ public:
 
     nlohmann::json request(const nlohmann::json& command) override;
 
+    /// Shows the screen in this memory, a descriptor, when asked to; see Display.
+    void showOn(int memory) { _display = Display(memory); }
+
     /// Whether an exception has ended the application.
     bool isDead() const { return !_epitaph.empty(); }
     /// What it died of, for a person to read; "" while it lives.
@@ -31,12 +34,14 @@ public:
 private:
     nlohmann::json perform(const nlohmann::json& command);
     void deliverTouch(const nlohmann::json& command);
+    static void takeScreenshot(const nlohmann::json& command);
     /// "late" or "early".
     void letStoresAnswer(const std::string& when);
     void waitUntilNothingMoves();
     void die(const std::string& name, const std::string& reason);
 
     std::string _epitaph;
+    Display _display;
 };
 
 } // namespace phone

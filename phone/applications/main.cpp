@@ -18,21 +18,19 @@ constexpr int exitUnusable = 2;
 
 struct Options {
     int socket = -1;
+    int display = -1;
     phone::Settings settings;
 };
 
 /// Throws std::invalid_argument with a line for the person.
 Options parse(int argc, char** argv) {
-    enum Option { Socket = 1, Root, Device, App, Language, Now, Zone, ClockRuns };
-    static constexpr option known[] = {{"socket-fd", required_argument, nullptr, Socket},
-                                       {"root", required_argument, nullptr, Root},
-                                       {"device", required_argument, nullptr, Device},
-                                       {"app", required_argument, nullptr, App},
-                                       {"language", required_argument, nullptr, Language},
-                                       {"now", required_argument, nullptr, Now},
-                                       {"zone", required_argument, nullptr, Zone},
-                                       {"clock-runs", no_argument, nullptr, ClockRuns},
-                                       {nullptr, 0, nullptr, 0}};
+    enum Option { Socket = 1, Display, Root, Device, App, Language, Now, Zone, ClockRuns };
+    static constexpr option known[] = {
+        {"socket-fd", required_argument, nullptr, Socket}, {"display-fd", required_argument, nullptr, Display},
+        {"root", required_argument, nullptr, Root},        {"device", required_argument, nullptr, Device},
+        {"app", required_argument, nullptr, App},          {"language", required_argument, nullptr, Language},
+        {"now", required_argument, nullptr, Now},          {"zone", required_argument, nullptr, Zone},
+        {"clock-runs", no_argument, nullptr, ClockRuns},   {nullptr, 0, nullptr, 0}};
     Options options;
     std::string device = "iphone5";
     std::string application;
@@ -40,6 +38,9 @@ Options parse(int argc, char** argv) {
         switch (found) {
         case Socket:
             options.socket = std::stoi(optarg);
+            break;
+        case Display:
+            options.display = std::stoi(optarg);
             break;
         case Root:
             options.settings.root = optarg;
@@ -98,6 +99,7 @@ json answer(phone::Session& session, const std::string& line) {
 
 int serve(const Options& options) {
     phone::Session session(options.settings);
+    session.showOn(options.display);
     phone::SocketLines lines(options.socket);
     while (const auto line = lines.read()) {
         lines.write(answer(session, *line).dump(-1, ' ', false, json::error_handler_t::replace));

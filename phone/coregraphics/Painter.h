@@ -6,6 +6,7 @@
 #include "phone/coregraphics/TextLayout.h"
 #include "platform/coregraphics/CGContext.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -88,8 +89,15 @@ public:
     virtual Painter& painter() = 0;
     /// False when the file cannot be written. The same picture gives the same bytes.
     virtual bool writePng(const std::string& path) const = 0;
-    /// 0xAARRGGBB, premultiplied; 0 outside. For tests.
+    /// The same of a part, in points, which is cut off at the canvas's edges; false also where nothing is left.
+    virtual bool writePng(const std::string& path, CGRect part) const = 0;
+    /// 0xAARRGGBB, premultiplied; 0 outside.
     virtual unsigned pixel(int x, int y) const = 0;
+    /// In pixels.
+    virtual int width() const = 0;
+    virtual int height() const = 0;
+    /// A line of pixels as above, `width()` of them; lives until something is drawn.
+    virtual const std::uint32_t* line(int y) const = 0;
 
     /// Points and pixels per point. nullptr when a side is not positive or larger than `Bitmap::maximumSide`.
     static std::unique_ptr<Canvas> make(double width, double height, double scale);

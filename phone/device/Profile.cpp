@@ -1,5 +1,8 @@
 #include "phone/device/Profile.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace phone {
 
 namespace {
@@ -31,5 +34,11 @@ std::optional<Profile> named(const Profile (&all)[N], std::string_view name) {
 std::optional<DeviceProfile> deviceNamed(std::string_view name) { return named(devices, name); }
 
 std::optional<ApplicationProfile> applicationNamed(std::string_view name) { return named(applications, name); }
+
+std::optional<ApplicationProfile> applicationOfBundle(std::string_view bundle) {
+    const auto found = std::find_if(std::begin(applications), std::end(applications),
+                                    [&](const ApplicationProfile& one) { return one.bundle == bundle; });
+    return found == std::end(applications) ? std::nullopt : std::optional(*found);
+}
 
 } // namespace phone

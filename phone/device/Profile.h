@@ -31,5 +31,7 @@ struct ApplicationProfile {
 /// nullopt for a name that is not known.
 std::optional<DeviceProfile> deviceNamed(std::string_view name);
 std::optional<ApplicationProfile> applicationNamed(std::string_view name);
+/// By its bundle identifier.
+std::optional<ApplicationProfile> applicationOfBundle(std::string_view bundle);
 
 } // namespace phone

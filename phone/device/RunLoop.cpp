@@ -86,9 +86,18 @@ void RunLoop::advance(double seconds) {
 }
 
 double RunLoop::nextMovement() const {
+    return nextDue([](const Timer& timer) { return timer.period == 0; });
+}
+
+double RunLoop::nextTimer() const {
+    return nextDue([](const Timer&) { return true; });
+}
+
+template <class Counts>
+double RunLoop::nextDue(const Counts& counts) const {
     double first = -1;
     for (const auto& [id, timer] : _timers) {
-        if (timer.period == 0 && (first < 0 || timer.due < first)) {
+        if (counts(timer) && (first < 0 || timer.due < first)) {
             first = timer.due;
         }
     }

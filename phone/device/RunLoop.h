@@ -42,6 +42,8 @@ public:
     void advance(double seconds);
     /// The moment of the next timer that counts as movement; negative when there is none.
     double nextMovement() const;
+    /// The moment of the next timer of all; negative when there is none.
+    double nextTimer() const;
 
 private:
     struct Timer {
@@ -52,6 +54,8 @@ private:
 
     void cycle();
     TimerId add(Timer timer);
+    template <class Counts>
+    double nextDue(const Counts& counts) const;
 
     double _now = 0;
     TimerId _lastTimer = 0;

@@ -3,7 +3,7 @@
 namespace phone {
 
 void Screen::touch(Phase phase, double x, double y) {
-    static constexpr const char* names[] = {"began", "moved", "ended"};
+    static constexpr const char* names[] = {"began", "moved", "ended", "cancelled"};
     request({{"do", "touch"}, {"phase", names[static_cast<int>(phase)]}, {"x", x}, {"y", y}});
 }
 void Screen::type(const std::string& text) { request({{"do", "type"}, {"text", text}}); }
@@ -15,14 +15,20 @@ std::string Screen::tree(bool forFinding) {
 }
 std::string Screen::log() { return request({{"do", "log"}}).at("log").get<std::string>(); }
 void Screen::screenshot(const std::string& path) { request({{"do", "screenshot"}, {"path", path}}); }
+void Screen::screenshot(const std::string& path, double x, double y, double width, double height) {
+    request({{"do", "screenshot"}, {"path", path}, {"rect", {x, y, width, height}}});
+}
 void Screen::phoneCall(const std::string& number, const std::string& action) {
     request({{"do", "phoneCall"}, {"number", number}, {"action", action}});
 }
 void Screen::setClock(double seconds) { request({{"do", "setClock"}, {"seconds", seconds}}); }
+void Screen::runClock(double seconds) { request({{"do", "setClock"}, {"seconds", seconds}, {"runs", true}}); }
 void Screen::setStoreAnswers(const std::string& when) { request({{"do", "setStoreAnswers"}, {"when", when}}); }
 void Screen::setOrientation(const std::string& name) { request({{"do", "setOrientation"}, {"orientation", name}}); }
 void Screen::setClipboard(const std::string& text) { request({{"do", "setClipboard"}, {"text", text}}); }
+std::string Screen::clipboard() { return request({{"do", "clipboard"}}).at("text").get<std::string>(); }
 void Screen::pasteText() { request({{"do", "pasteText"}}); }
 void Screen::hideKeyboard() { request({{"do", "hideKeyboard"}}); }
+nlohmann::json Screen::state() { return request({{"do", "state"}}); }
 
 } // namespace phone

@@ -20,15 +20,15 @@ public:
 /// application has died or refuses.
 class Screen {
 public:
-    enum class Phase { Began, Moved, Ended };
+    enum class Phase { Began, Moved, Ended, Cancelled };
 
     virtual ~Screen() = default;
 
-    /// A finger goes down, moves or goes up. All touches enter here.
+    /// A finger goes down, moves or goes up, or something takes its touch away. All touches enter here.
     void touch(Phase phase, double x, double y);
     /// Characters through the key entry, one composed character at a time.
     void type(const std::string& text);
-    /// "enter" or "backspace".
+    /// "enter" or "backspace"; of a connected keyboard also "delete" (what is behind the caret), "left" and "right".
     void key(const std::string& name);
     /// Moves the animation clock.
     void advance(double seconds);
@@ -41,17 +41,27 @@ public:
     std::string log();
     /// Writes a PNG file at two pixels per point.
     void screenshot(const std::string& path);
+    /// The same of a part of the screen, which has to lie on it: points, as the person holds the device.
+    void screenshot(const std::string& path, double x, double y, double width, double height);
     /// `action` is call, accept, hold or cancel.
     void phoneCall(const std::string& number, const std::string& action);
-    /// Sets the wall clock; seconds since 1970, UTC.
+    /// Sets the wall clock, which stands still from then on; seconds since 1970, UTC.
     void setClock(double seconds);
+    /// Sets the wall clock and lets it move by itself.
+    void runClock(double seconds);
     /// "late" (as the application starts) or "early": when the calendar store answers requests for access
     /// that need no person.
     void setStoreAnswers(const std::string& when);
     void setOrientation(const std::string& name);
     void setClipboard(const std::string& text);
+    /// The pasteboard's text; "" where there is none.
+    std::string clipboard();
     void pasteText();
     void hideKeyboard();
+
+    /// What the phone is doing: `orientation`, `call` {phase: idle, ringing, active, held, ended; number; seconds},
+    /// `clock` (seconds since 1970, UTC), `keyboard` (whether it is shown).
+    nlohmann::json state();
 
     /// Sends one command and gives the answer; the one way into the application.
     virtual nlohmann::json request(const nlohmann::json& command) = 0;

@@ -1,5 +1,7 @@
 #include "phone/flow/ApplicationProcess.h"
 
+#include "phone/flow/EnvironmentLock.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -26,6 +28,8 @@ using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 constexpr int socketInProcess = 3;
+constexpr int displayInProcess = 4;
+constexpr int firstFree = 5;
 constexpr milliseconds dyingPatience{5000}; // for a process that has closed its socket or was asked to end
 constexpr milliseconds waitStep{2};
 
@@ -36,6 +40,7 @@ constexpr std::array inherited = {"PATH",         "LD_LIBRARY_PATH",      "ASAN_
 std::vector<std::string> environment(const ApplicationProcess::Start& start) {
     std::vector<std::string> all = {"TZ=" + start.settings.zone, "HOME=" + start.root + "/var/mobile", "LC_ALL=C.UTF-8",
                                     "LANG=C.UTF-8"};
+    const EnvironmentLock lock;
     for (const char* name : inherited) {
         if (const char* value = std::getenv(name)) {
             all.push_back(std::string(name) + "=" + value);
@@ -47,21 +52,35 @@ std::vector<std::string> environment(const ApplicationProcess::Start& start) {
 std::vector<std::string> arguments(const ApplicationProcess::Start& start) {
     std::array<char, 64> now{};
     std::snprintf(now.data(), now.size(), "%.3f", start.now);
-    return {start.executable,
-            "--socket-fd",
-            std::to_string(socketInProcess),
-            "--root",
-            start.root,
-            "--device",
-            start.settings.device,
-            "--app",
-            start.settings.application,
-            "--language",
-            start.settings.language,
-            "--zone",
-            start.settings.zone,
-            "--now",
-            now.data()};
+    std::vector<std::string> all = {start.executable,
+                                    "--socket-fd",
+                                    std::to_string(socketInProcess),
+                                    "--root",
+                                    start.root,
+                                    "--device",
+                                    start.settings.device,
+                                    "--app",
+                                    start.settings.application,
+                                    "--language",
+                                    start.settings.language,
+                                    "--zone",
+                                    start.settings.zone,
+                                    "--now",
+                                    now.data()};
+    if (start.clockRuns) {
+        all.emplace_back("--clock-runs");
+    }
+    if (start.display >= 0) {
+        all.insert(all.end(), {"--display-fd", std::to_string(displayInProcess)});
+    }
+    return all;
+}
+
+/// The same file under a number that no process is started with; the old number is closed.
+int aside(int descriptor) {
+    const int other = fcntl(descriptor, F_DUPFD_CLOEXEC, firstFree);
+    close(descriptor);
+    return other;
 }
 
 std::vector<char*> pointers(std::vector<std::string>& texts) {
@@ -124,17 +143,28 @@ void ApplicationProcess::launch(const Start& start) {
     _socket = ends[0];
     _errors = memfd_create("phone-application", MFD_CLOEXEC);
 
+    // The new process's numbers may be in use here; what is handed over must not be overwritten on the way.
+    _socket = aside(_socket);
+    ends[1] = aside(ends[1]);
+    const int display = start.display < 0 ? -1 : fcntl(start.display, F_DUPFD_CLOEXEC, firstFree);
+
     FileActions actions;
     actions.openNothing(STDIN_FILENO);
     actions.duplicate(_errors, STDOUT_FILENO);
     actions.duplicate(_errors, STDERR_FILENO);
     actions.duplicate(ends[1], socketInProcess);
+    if (display >= 0) {
+        actions.duplicate(display, displayInProcess);
+    }
 
     auto words = arguments(start);
     auto variables = environment(start);
     const int error = posix_spawn(&_process, start.executable.c_str(), actions.get(), nullptr, pointers(words).data(),
                                   pointers(variables).data());
     close(ends[1]);
+    if (display >= 0) {
+        close(display);
+    }
     if (error != 0) {
         _process = 0;
         close(_socket);
@@ -209,6 +239,16 @@ std::string ApplicationProcess::receive() {
         } else if (count == 0 || errno != EINTR) {
             died("the phone application died");
         }
+    }
+}
+
+void ApplicationProcess::checkAlive() {
+    if (!isRunning()) {
+        return;
+    }
+    pollfd ended = {_socket, 0, 0};
+    if (poll(&ended, 1, 0) > 0) {
+        died("the phone application died");
     }
 }
 

@@ -25,7 +25,9 @@ public:
         std::string executable;
         std::string root; // the phone's root folder, a path of the host
         LaunchSettings settings;
-        double now = 0; // the wall clock: seconds since 1970, UTC
+        double now = 0;         // the wall clock: seconds since 1970, UTC
+        bool clockRuns = false; // whether the wall clock moves by itself
+        int display = -1;       // memory that takes the screen's pixels; the caller's own, -1 for none
     };
 
     /// The phone application's executable: it lies beside the one that runs here.
@@ -45,6 +47,11 @@ public:
     void stop();
 
     bool isRunning() const { return _process > 0; }
+    pid_t processIdentifier() const { return _process; }
+    /// Reports a hang-up when the process ends; for waiting alone.
+    int descriptor() const { return _socket; }
+    /// Throws ApplicationDied when the process has ended unasked. Not while a request is under way.
+    void checkAlive();
 
     /// How long an answer may take, of real time, before the application counts as hung.
     void setPatience(std::chrono::milliseconds patience) { _patience = patience; }

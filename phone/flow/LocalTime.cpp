@@ -1,5 +1,7 @@
 #include "phone/flow/LocalTime.h"
 
+#include "phone/flow/EnvironmentLock.h"
+
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -37,6 +39,7 @@ public:
     Zone& operator=(const Zone&) = delete;
 
 private:
+    EnvironmentLock _lock;
     std::optional<std::string> _before;
 };
 

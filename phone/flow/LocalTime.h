@@ -18,10 +18,10 @@ std::optional<std::tm> localFields(const std::string& text);
 
 /// The moment, in seconds since 1970, UTC, at which clocks in the zone show the local time; the first of
 /// the two in the hour that comes twice. nullopt for a text that is no local time and for a time that
-/// the zone's clocks skip. Changes TZ while it works: one thread only.
+/// the zone's clocks skip. Changes TZ while it works; others wait.
 std::optional<double> momentOf(const std::string& localTime, const std::string& zone);
 
-/// "2026-03-05T14:37:12+01:00"; parts of a second are dropped. One thread only, as above.
+/// "2026-03-05T14:37:12+01:00"; parts of a second are dropped. Changes TZ, as above.
 std::string iso8601(double moment, const std::string& zone);
 
 } // namespace phone

@@ -180,4 +180,6 @@ std::unique_ptr<Canvas> pictureOfScreen() {
 
 bool writeScreenshot(const std::string& path) { return pictureOfScreen()->writePng(path); }
 
+bool writeScreenshot(const std::string& path, CGRect part) { return pictureOfScreen()->writePng(path, part); }
+
 } // namespace phone

@@ -12,5 +12,7 @@ namespace phone {
 std::unique_ptr<Canvas> pictureOfScreen();
 /// Writes it as a PNG file; false when the file cannot be written.
 bool writeScreenshot(const std::string& path);
+/// The same of a part that lies on the screen: points, as the person holds the device.
+bool writeScreenshot(const std::string& path, CGRect part);
 
 } // namespace phone

@@ -59,8 +59,14 @@ void pressKey(const std::string& name) {
         Edited()->pressReturn();
     } else if (name == "backspace") {
         Edited()->eraseBackward();
+    } else if (name == "delete") {
+        Edited()->eraseForward();
+    } else if (name == "left") {
+        Edited()->moveCaret(TextDirection::Back);
+    } else if (name == "right") {
+        Edited()->moveCaret(TextDirection::Forth);
     } else {
-        throw std::runtime_error("there is no key \"" + name + "\": enter or backspace");
+        throw std::runtime_error("there is no key \"" + name + "\": enter, backspace, delete, left or right");
     }
 }
 

@@ -50,6 +50,25 @@ bool TextEditing::erase() {
     return range.length > 0 && change(range, ""_ns);
 }
 
+bool TextEditing::eraseForward() {
+    const NSRange range = behindCaret();
+    return range.length > 0 && change(range, ""_ns);
+}
+
+void TextEditing::moveCaret(TextDirection direction) {
+    placeCaret(direction == TextDirection::Back ? beforeCaret().location : behindCaret().end());
+}
+
+NSRange TextEditing::behindCaret() const {
+    if (_selection.length > 0) {
+        return _selection;
+    }
+    const auto boundaries = graphemeBoundaries(phone::text(_text));
+    const auto next = std::upper_bound(boundaries.begin(), boundaries.end(), _selection.location);
+    const objc::UInt end = next == boundaries.end() ? _text.length() : *next;
+    return {_selection.location, end - _selection.location};
+}
+
 NSRange TextEditing::beforeCaret() const {
     if (_selection.length > 0) {
         return _selection;

@@ -1,6 +1,7 @@
 /// The text being edited, and the caret in it: what text fields and text views share.
 #pragma once
 
+#include "phone/uikit/TextInput.h"
 #include "platform/foundation/NSString.h"
 
 namespace phone {
@@ -44,9 +45,14 @@ public:
     bool type(const NSString& text);
     /// At the start of the text nothing is asked and nothing happens.
     bool erase();
+    /// The selection, or else the character behind the caret; at the end of the text nothing happens.
+    bool eraseForward();
+    /// By one character; a selection is left at that end.
+    void moveCaret(TextDirection direction);
 
 private:
     NSRange beforeCaret() const;
+    NSRange behindCaret() const;
     bool change(NSRange range, const NSString& replacement);
     void replace(NSRange range, const NSString& replacement);
 

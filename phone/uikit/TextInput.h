@@ -7,6 +7,8 @@
 
 namespace phone {
 
+enum class TextDirection { Back, Forth };
+
 /// The keys' side of a text input. All of it asks the delegate as the platform does.
 class TextInput {
 public:
@@ -14,6 +16,10 @@ public:
     /// One character, or a text that is pasted.
     virtual void enter(const NSString& text) = 0;
     virtual void eraseBackward() = 0;
+    /// As the delete key of a connected keyboard does: what is behind the caret.
+    virtual void eraseForward() = 0;
+    /// By one character, as a connected keyboard's arrows do; a selection is left at the end that the arrow points to.
+    virtual void moveCaret(TextDirection direction) = 0;
     virtual void pressReturn() = 0;
     virtual UIReturnKeyType returnKey() const = 0;
 };

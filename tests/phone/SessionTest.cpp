@@ -1,6 +1,7 @@
 #include "tests/phone/PhoneTest.h"
 
 #include "phone/coregraphics/Bitmap.h"
+#include "phone/device/RunLoop.h"
 #include "phone/foundation/Raise.h"
 #include "phone/foundation/WallClock.h"
 #include "phone/uikit/HeldScreen.h"
@@ -133,6 +134,46 @@ TEST_F(Session, WritesScreenshotsAtTwoPixelsAPoint) {
 TEST_F(Session, RefusesAScreenshotThatCannotBeWritten) {
     EXPECT_THROW(boot().screenshot("/nowhere/shot.png"), ScreenError);
 }
+
+TEST_F(Session, WritesAPartOfTheScreen) {
+    const auto path = hostPath("/var/mobile/part.png");
+    std::filesystem::create_directories(path.parent_path());
+    window();
+
+    boot().screenshot(path.string(), 10, 20, 30, 40.5);
+
+    const auto picture = phone::Bitmap::load(path.string());
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->width(), 60);
+    EXPECT_EQ(picture->height(), 81);
+    EXPECT_THROW(boot().screenshot(path.string(), 300, 20, 30, 40), ScreenError);
+}
+
+TEST_F(Session, SaysWhenSomethingIsDue) {
+    EXPECT_FALSE(boot().state().contains("next"));
+
+    phone::RunLoop::main().every(2, [] {});
+    const auto periodic = boot().state();
+    phone::RunLoop::main().after(0.5, [] {});
+    const auto single = boot().state();
+
+    EXPECT_EQ(periodic.at("next").get<double>(), 2);
+    EXPECT_FALSE(periodic.at("moving").get<bool>());
+    EXPECT_EQ(single.at("next").get<double>(), 0.5);
+    EXPECT_TRUE(single.at("moving").get<bool>());
+}
+
+TEST_F(Session, TakesATouchAway) {
+    auto touched = addTouched(window(), {0, 0, 50, 50});
+
+    boot().touch(phone::Screen::Phase::Began, 10, 10);
+    boot().touch(phone::Screen::Phase::Cancelled, 10, 10);
+    boot().touch(phone::Screen::Phase::Began, 10, 10);
+
+    EXPECT_EQ(touched->begins, 2);
+}
+
+TEST_F(Session, RefusesToShowItselfWithoutADisplay) { EXPECT_THROW(boot().request({{"do", "picture"}}), ScreenError); }
 
 TEST_F(Session, SettlesWhileSomethingMovesForEver) {
     const auto view = UIView::withFrame({0, 0, 10, 10});

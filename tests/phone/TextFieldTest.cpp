@@ -161,6 +161,32 @@ TEST_F(TextField, TakesAndErasesAComposedCharacterAsOne) {
     EXPECT_EQ(recorder->take(), (Entries{"change 8+2 ''", "change 0+8 ''"}));
 }
 
+TEST_F(TextField, FollowsTheArrowsOfAConnectedKeyboard) {
+    first.becomeFirstResponder();
+    type("aé👩‍👩‍👧d");
+    recorder->take();
+
+    key("left");
+    key("left");
+    key("delete");
+    key("right");
+    key("right");
+    type("x");
+
+    EXPECT_EQ(firstText(), "aédx");
+    EXPECT_EQ(recorder->take(), (Entries{"change 2+8 ''", "change 3+0 'x'"}));
+}
+
+TEST_F(TextField, AsksNothingForADeleteAtItsEnd) {
+    first.becomeFirstResponder();
+    type("a");
+    recorder->take();
+
+    key("delete");
+
+    EXPECT_TRUE(recorder->take().empty());
+}
+
 TEST_F(TextField, AsksNothingForABackspaceAtItsStart) {
     first.becomeFirstResponder();
     recorder->take();
