@@ -26,8 +26,10 @@ protected:
         makePhone(_options.root, STAGE_DIRECTORY, stores);
         installChosenLibrary(_options.root);
     }
-    /// Plays these commands as one flow; expects all of them to hold.
-    void play(const std::string& commands) { play(_options, {Flow::read(folder.write("flow.yaml", commands))}); }
+    /// Plays these commands as one flow; expects all of them to hold. Gives what stands on standard error.
+    std::string play(const std::string& commands) {
+        return play(_options, {Flow::read(folder.write("flow.yaml", commands))});
+    }
     /// Plays flows one after the other on the phones that their headers ask for; expects all of them to hold.
     void playFiles(const std::vector<std::string>& files) {
         Player::Options options = _options;
@@ -51,12 +53,13 @@ protected:
     TemporaryFolder folder;
 
 private:
-    static void play(const Player::Options& options, const std::vector<Flow>& flows) {
+    static std::string play(const Player::Options& options, const std::vector<Flow>& flows) {
         Player player(options);
         testing::internal::CaptureStderr();
         const int status = player.play(flows);
         const std::string complaints = testing::internal::GetCapturedStderr();
         EXPECT_EQ(status, 0) << complaints;
+        return complaints;
     }
 
     Player::Options _options;
