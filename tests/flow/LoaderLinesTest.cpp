@@ -10,14 +10,9 @@ namespace {
 
 class LoaderLines : public WholePhone {
 protected:
-    static constexpr const char* callWithoutTheLibrary = R"(
-- launchApp
-- phoneCall: {number: "1", action: call}
-- tapOn: Accept
-- tapOn: {point: "160,50"}
-- waitForAnimationToEnd
-- assertNotVisible: Note
-)";
+    static std::string callWithoutTheLibrary() {
+        return openSheet() + "- waitForAnimationToEnd\n- assertNotVisible: Note\n";
+    }
     static std::string slice() {
         std::ifstream stream(SLICE, std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), {}};
@@ -49,7 +44,7 @@ TEST_F(LoaderLines, SayWhyTheLibraryIsMissingFromTheCall) {
     make();
     put("Quorvan.dylib", "no library");
 
-    const std::string said = play(callWithoutTheLibrary);
+    const std::string said = play(callWithoutTheLibrary());
 
     EXPECT_THAT(said, testing::StartsWith(line("Quorvan.dylib") + "not loaded: "));
     EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
@@ -59,7 +54,7 @@ TEST_F(LoaderLines, TellOfAFilterThatIsNoPropertyList) {
     make();
     put("Quorvan.plist", "{ Filter = { Bundles = ( ");
 
-    EXPECT_EQ(play(callWithoutTheLibrary), line("Quorvan.plist") + "no property list; its library is skipped\n");
+    EXPECT_EQ(play(callWithoutTheLibrary()), line("Quorvan.plist") + "no property list; its library is skipped\n");
 }
 
 TEST_F(LoaderLines, StandBesideTheFailureThatFollows) {

@@ -40,6 +40,22 @@ protected:
         }
         play(options, flows);
     }
+    // Commands, to be put together.
+    /// A new run, a call that is accepted, and a tap on the top of its screen.
+    static std::string openSheet() {
+        return "- launchApp\n- phoneCall: {number: '+49 30 1234567', action: call}\n- phoneCall: {action: accept}\n"
+               "- tapOn: {point: '160,50'}\n";
+    }
+    /// The same, and a pick from the sheet.
+    static std::string open(const std::string& activity) {
+        return openSheet() + "- tapOn: '" + activity + "'\n- waitForAnimationToEnd\n";
+    }
+    /// Writes into the text that shows this placeholder, and saves.
+    static std::string write(const std::string& placeholder, const std::string& text) {
+        return "- tapOn: '" + placeholder + "'\n- inputText: '" + text +
+               "'\n- tapOn: 'Done'\n- waitForAnimationToEnd\n";
+    }
+
     nlohmann::ordered_json recorded(const char* kind) const { return records(_options.root, zone).at(kind); }
     std::string root() const { return _options.root; }
     /// Runs a program with the phone's calendars; gives what it prints.
