@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -263,14 +264,18 @@ private:
                 throw Refusal("a pointer into itself points elsewhere");
             }
         }
-        for (const std::uint64_t place : _image.initialisers) {
-            const bool isBound = std::any_of(_image.binds.begin(), _image.binds.end(), [&](const Bind& bind) {
-                return overlap(place, bind.address) || overlap(bind.address, place);
-            });
-            if (isBound || !std::binary_search(places.begin(), places.end(), place) ||
-                !_image.isCode(pointerAt(place))) {
-                throw Refusal("an initialiser is no code of its own");
-            }
+        std::vector<std::uint64_t> initialisers = _image.initialisers;
+        std::sort(initialisers.begin(), initialisers.end());
+        const auto isOfAnInitialiser = [&](const Bind& bind) {
+            const auto next = std::upper_bound(initialisers.begin(), initialisers.end(), bind.address);
+            return (next != initialisers.end() && overlap(bind.address, *next)) ||
+                   (next != initialisers.begin() && overlap(*std::prev(next), bind.address));
+        };
+        const bool areItsOwn = std::all_of(initialisers.begin(), initialisers.end(), [&](std::uint64_t place) {
+            return std::binary_search(places.begin(), places.end(), place) && _image.isCode(pointerAt(place));
+        });
+        if (!areItsOwn || std::any_of(_image.binds.begin(), _image.binds.end(), isOfAnInitialiser)) {
+            throw Refusal("an initialiser is no code of its own");
         }
     }
 
