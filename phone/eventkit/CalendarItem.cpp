@@ -4,6 +4,7 @@
 #include "phone/eventkit/CalendarFolder.h"
 #include "phone/eventkit/Components.h"
 #include "phone/eventkit/StoreEntry.h"
+#include "phone/foundation/Arrays.h"
 #include "phone/foundation/Raise.h"
 #include "phone/foundation/Text.h"
 
@@ -140,24 +141,15 @@ NSDate CalendarItem::lastModifiedDate() {
 
 NSArray CalendarItem::alarms() {
     logMessage(*this, "alarms");
-    if (_alarms.empty()) {
-        return nullptr;
-    }
-    const auto all = objc::make<NSMutableArray>();
-    for (const EKAlarm& alarm : _alarms) {
-        all.add(alarm);
-    }
-    return all;
+    return _alarms.empty() ? NSArray() : arrayOf(_alarms);
 }
 
 void CalendarItem::setAlarms(const NSArray& alarms) {
     logMessage(*this, "setAlarms:", alarms);
-    std::vector<EKAlarm> all;
     for (const NSObject& alarm : alarms) {
         checkAlarm(alarm);
-        all.push_back(objc::as<EKAlarm>(alarm));
     }
-    _alarms = std::move(all);
+    _alarms = vectorOf<EKAlarm>(alarms);
     StoredObject::of(*this)->setChanged();
 }
 

@@ -4,6 +4,7 @@
 #include "phone/eventkit/EventStore.h"
 #include "phone/eventkit/RecurrenceRule.h"
 #include "phone/eventkit/StoreEntry.h"
+#include "phone/foundation/Arrays.h"
 #include "phone/foundation/Raise.h"
 #include "phone/foundation/Text.h"
 #include "platform/foundation/NSTimeZone.h"
@@ -137,24 +138,15 @@ void Event::setAllDay(bool allDay) {
 
 NSArray Event::recurrenceRules() {
     logMessage(*this, "recurrenceRules");
-    if (_rules.empty()) {
-        return nullptr;
-    }
-    const auto all = objc::make<NSMutableArray>();
-    for (const EKRecurrenceRule& rule : _rules) {
-        all.add(rule);
-    }
-    return all;
+    return _rules.empty() ? NSArray() : arrayOf(_rules);
 }
 
 void Event::setRecurrenceRules(const NSArray& rules) {
     logMessage(*this, "setRecurrenceRules:", rules);
-    std::vector<EKRecurrenceRule> all;
     for (const NSObject& rule : rules) {
         checkRule(rule);
-        all.push_back(objc::as<EKRecurrenceRule>(rule));
     }
-    _rules = std::move(all);
+    _rules = vectorOf<EKRecurrenceRule>(rules);
     StoredObject::of(*this)->setChanged();
 }
 

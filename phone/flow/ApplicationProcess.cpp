@@ -1,6 +1,7 @@
 #include "phone/flow/ApplicationProcess.h"
 
 #include "phone/flow/EnvironmentLock.h"
+#include "phone/substrate/Loader.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +12,10 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
 #include <poll.h>
 #include <spawn.h>
+#include <sstream>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -117,7 +120,7 @@ std::string ApplicationProcess::executableBesideThis() {
 ApplicationProcess::ApplicationProcess(const Start& start) {
     launch(start);
     try {
-        advance(0); // answers once the application has come up
+        comeUp();
     } catch (...) {
         reap(milliseconds(0));
         close(_socket);
@@ -170,6 +173,19 @@ void ApplicationProcess::launch(const Start& start) {
         close(_socket);
         close(_errors);
         throw ScreenError("cannot start " + start.executable + ": " + std::strerror(error));
+    }
+}
+
+void ApplicationProcess::comeUp() {
+    try {
+        advance(0); // answers once the application has come up
+        _loaderLines = linesOfTheLoader();
+    } catch (const ApplicationDied& death) {
+        std::string how = death.what();
+        for (const std::string& line : linesOfTheLoader()) { // it may have died for want of that library
+            how += how.find(line) == std::string::npos ? "; " + line : "";
+        }
+        throw ApplicationDied(how);
     }
 }
 
@@ -298,11 +314,8 @@ std::string ApplicationProcess::epitaph(int status) const {
 }
 
 std::string ApplicationProcess::lastErrorLine() const {
-    std::array<char, 8192> tail{};
-    const off_t size = lseek(_errors, 0, SEEK_END);
-    const off_t first = std::max<off_t>(0, size - static_cast<off_t>(tail.size()));
-    const ssize_t count = pread(_errors, tail.data(), tail.size(), first);
-    std::string text(tail.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    constexpr std::size_t tail = 8192;
+    std::string text = written(tail);
     while (!text.empty()) {
         const auto end = text.find_last_not_of("\r\n");
         text.resize(end == std::string::npos ? 0 : end + 1);
@@ -315,6 +328,25 @@ std::string ApplicationProcess::lastErrorLine() const {
         text.resize(start == std::string::npos ? 0 : start);
     }
     return {};
+}
+
+std::vector<std::string> ApplicationProcess::linesOfTheLoader() const {
+    std::vector<std::string> lines;
+    std::istringstream all(written(std::numeric_limits<std::size_t>::max()));
+    for (std::string line; std::getline(all, line);) {
+        if (line.starts_with(loaderMark)) {
+            lines.push_back(line);
+        }
+    }
+    return lines;
+}
+
+std::string ApplicationProcess::written(std::size_t most) const {
+    const auto size = static_cast<std::size_t>(std::max<off_t>(0, lseek(_errors, 0, SEEK_END)));
+    std::string text(std::min(size, most), '\0');
+    const ssize_t count = pread(_errors, text.data(), text.size(), static_cast<off_t>(size - text.size()));
+    text.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    return text;
 }
 
 } // namespace phone

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <string>
 #include <sys/types.h>
+#include <vector>
 
 namespace phone {
 
@@ -53,11 +54,15 @@ public:
     /// Throws ApplicationDied when the process has ended unasked. Not while a request is under way.
     void checkAlive();
 
+    /// What the phone's loader said while the application came up: a line for each library that it passed over.
+    const std::vector<std::string>& loaderLines() const { return _loaderLines; }
+
     /// How long an answer may take, of real time, before the application counts as hung.
     void setPatience(std::chrono::milliseconds patience) { _patience = patience; }
 
 private:
     void launch(const Start& start);
+    void comeUp();
     void send(const std::string& line);
     std::string receive();
     /// Waits for the end of the process, kills it when that does not come, and forgets it.
@@ -66,10 +71,14 @@ private:
     /// The exit status or signal, and what the process said last.
     std::string epitaph(int status) const;
     std::string lastErrorLine() const;
+    std::vector<std::string> linesOfTheLoader() const;
+    /// The last that the process has written, of at most so many bytes.
+    std::string written(std::size_t most) const;
 
     pid_t _process = 0; // 0 when none runs
     int _socket = -1;
     int _errors = -1; // a file in memory that takes the process's standard output and error
+    std::vector<std::string> _loaderLines;
     std::string _received;
     std::chrono::milliseconds _patience = std::chrono::seconds(60);
 };

@@ -242,8 +242,17 @@ void Player::launch() {
     stop();
     _application = std::make_unique<ApplicationProcess>(
         ApplicationProcess::Start{_options.executable, _options.root, _settings, _wallClock});
+    tellLoaderLines();
     if (!_storeAnswers.empty()) {
         _application->setStoreAnswers(_storeAnswers);
+    }
+}
+
+void Player::tellLoaderLines() {
+    for (const std::string& line : _application->loaderLines()) {
+        if (_loaderLines.insert(line).second) {
+            std::fprintf(stderr, "phone: %s\n", line.c_str());
+        }
     }
 }
 

@@ -7,6 +7,7 @@
 #include "phone/flow/PlayReport.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,8 @@ private:
     /// Throws InputError when the application does not run.
     Screen& screen(const Command& command);
     void launch();
+    /// What the loader has said and was not told yet, a line each on standard error.
+    void tellLoaderLines();
     /// Lets everything come to rest, then ends the application; nothing when none runs.
     void stop();
     double moment(const std::string& localTime) const;
@@ -54,6 +57,7 @@ private:
     LaunchSettings _settings;                         // of the flow that is played
     std::string _clockZone;                           // the zone that the command line's `now` was last read in
     double _wallClock = 0;                            // stands still but for setClock
+    std::set<std::string> _loaderLines;               // what was told of the loader's
     std::string _storeAnswers;                        // as set for this run, or for the next one; "" for the usual
     std::unique_ptr<ApplicationProcess> _application; // nullptr when none runs
 };

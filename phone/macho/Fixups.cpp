@@ -166,6 +166,11 @@ private:
         if (_next.symbol.empty()) {
             throw Refusal(std::string(name(_kind)) + " name no symbol");
         }
+        // What this library and the executable have, nothing here offers by name.
+        const bool isOffered = _kind == BindKind::Weak || (_next.library != Itself && _next.library != Executable);
+        if (!isOffered && !_next.isWeakImport) {
+            throw Refusal("the symbol " + shown(_next.symbol) + " is missing");
+        }
         _next.address = _cursor.take();
         _read.push_back(_next);
     }

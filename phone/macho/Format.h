@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace phone::macho {
 
@@ -12,6 +13,8 @@ inline constexpr std::uint32_t narrowMagic = 0xfeedface;
 inline constexpr std::uint32_t fatMagic = 0xcafebabe;
 inline constexpr std::uint32_t wideFatMagic = 0xcafebabf;
 
+inline constexpr std::uint32_t i386Processor = 7;
+inline constexpr std::uint32_t armv7Processor = 12;
 inline constexpr std::uint32_t x86_64Processor = 0x01000007;
 inline constexpr std::uint32_t arm64Processor = 0x0100000c;
 #if defined(__aarch64__)
@@ -19,7 +22,20 @@ inline constexpr std::uint32_t thisProcessor = arm64Processor;
 #else
 inline constexpr std::uint32_t thisProcessor = x86_64Processor;
 #endif
-constexpr const char* nameOf(std::uint32_t processor) { return processor == arm64Processor ? "arm64" : "x86_64"; }
+inline std::string nameOf(std::uint32_t processor) {
+    switch (processor) {
+    case i386Processor:
+        return "i386";
+    case armv7Processor:
+        return "armv7";
+    case x86_64Processor:
+        return "x86_64";
+    case arm64Processor:
+        return "arm64";
+    default:
+        return "processor " + std::to_string(processor);
+    }
+}
 inline constexpr std::uint32_t dynamicLibrary = 6;
 
 struct FatHeader {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -50,7 +51,7 @@ private:
             throw Refusal(_header.magic == narrowMagic ? "made for 32 bits" : "the header has an unknown magic");
         }
         if (_header.processor != _processor) {
-            throw Refusal(std::string("made for another processor than ") + nameOf(_processor));
+            throw Refusal("made for another processor than " + nameOf(_processor));
         }
         if (_header.fileType != dynamicLibrary) {
             throw Refusal("file type " + std::to_string(_header.fileType) + " is no dynamic library");
@@ -224,6 +225,7 @@ private:
         if (_fixups) {
             readFixups(*_fixups);
         }
+        checkPointers();
         if (_unwindInfo.size() > 0) {
             _image.unwindEntries = readCompactUnwind(_unwindInfo, _textAddress, _processor);
             for (const UnwindEntry& entry : _image.unwindEntries) {
@@ -246,6 +248,48 @@ private:
         binds(fixups.weakBindOffset, fixups.weakBindSize, BindKind::Weak, "the weak binds");
         binds(fixups.lazyBindOffset, fixups.lazyBindSize, BindKind::Lazy, "the lazy binds");
         (void)slice().part(fixups.exportOffset, fixups.exportSize, "the exports");
+    }
+
+    /// What the library's pointers into itself lead to.
+    void checkPointers() const {
+        std::vector<std::uint64_t> places = _image.rebases;
+        std::sort(places.begin(), places.end());
+        const auto overlap = [](std::uint64_t before, std::uint64_t after) { return after - before < pointerBytes; };
+        if (std::adjacent_find(places.begin(), places.end(), overlap) != places.end()) {
+            throw Refusal("the rebases overlap");
+        }
+        for (const std::uint64_t place : places) {
+            const std::uint64_t pointer = pointerAt(place);
+            if (pointer < _image.start() || pointer > _image.end()) {
+                throw Refusal("a pointer into itself points elsewhere");
+            }
+        }
+        std::vector<std::uint64_t> initialisers = _image.initialisers;
+        std::sort(initialisers.begin(), initialisers.end());
+        const auto isOfAnInitialiser = [&](const Bind& bind) {
+            const auto next = std::upper_bound(initialisers.begin(), initialisers.end(), bind.address);
+            return (next != initialisers.end() && overlap(bind.address, *next)) ||
+                   (next != initialisers.begin() && overlap(*std::prev(next), bind.address));
+        };
+        const bool areItsOwn = std::all_of(initialisers.begin(), initialisers.end(), [&](std::uint64_t place) {
+            return std::binary_search(places.begin(), places.end(), place) && _image.isCode(pointerAt(place));
+        });
+        if (!areItsOwn || std::any_of(_image.binds.begin(), _image.binds.end(), isOfAnInitialiser)) {
+            throw Refusal("an initialiser is no code of its own");
+        }
+    }
+
+    /// As the file has it; what lies behind a segment's part of the file is zero.
+    std::uint64_t pointerAt(std::uint64_t address) const {
+        std::uint64_t pointer = 0;
+        for (const Segment& segment : _image.segments) {
+            const std::uint64_t at = address - segment.address;
+            if (segment.holds(address, pointerBytes) && at < segment.fileSize) {
+                std::memcpy(&pointer, slice().data() + segment.fileOffset + at,
+                            std::min(pointerBytes, segment.fileSize - at));
+            }
+        }
+        return pointer;
     }
 
     std::uint32_t _processor;

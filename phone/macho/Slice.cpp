@@ -4,7 +4,8 @@
 
 #include <algorithm>
 #include <bit>
-#include <vector>
+#include <cstddef>
+#include <optional>
 
 namespace phone::macho {
 
@@ -34,6 +35,16 @@ std::vector<Place> places(const Bytes& file, std::uint32_t count) {
     return found;
 }
 
+/// The slices of a fat file; nothing for any other.
+std::optional<std::vector<Place>> fatPlaces(const Bytes& file) {
+    const std::uint32_t magic = swapped(file.at<std::uint32_t>(0, "the header"));
+    if (magic != fatMagic && magic != wideFatMagic) {
+        return std::nullopt;
+    }
+    const std::uint32_t count = swapped(file.at<FatHeader>(0, "the fat header").count);
+    return magic == fatMagic ? places<FatSlice>(file, count) : places<WideFatSlice>(file, count);
+}
+
 } // namespace
 
 bool isMachO(std::string_view file) {
@@ -45,17 +56,29 @@ bool isMachO(std::string_view file) {
     return is(wideMagic) || is(narrowMagic) || is(fatMagic) || is(wideFatMagic);
 }
 
+std::vector<std::uint32_t> processors(const Bytes& file) {
+    const auto slices = fatPlaces(file);
+    if (!slices) {
+        const auto magic = file.at<std::uint32_t>(0, "the header");
+        const auto processor = file.at<std::uint32_t>(offsetof(Header, processor), "the header");
+        return {magic == wideMagic || magic == narrowMagic ? processor : swapped(processor)};
+    }
+    std::vector<std::uint32_t> all;
+    for (const Place& place : *slices) {
+        all.push_back(place.processor);
+    }
+    return all;
+}
+
 Bytes findSlice(const Bytes& file) {
-    const std::uint32_t magic = swapped(file.at<std::uint32_t>(0, "the header"));
-    if (magic != fatMagic && magic != wideFatMagic) {
+    const auto slices = fatPlaces(file);
+    if (!slices) {
         return file;
     }
-    const std::uint32_t count = swapped(file.at<FatHeader>(0, "the fat header").count);
-    const auto slices = magic == fatMagic ? places<FatSlice>(file, count) : places<WideFatSlice>(file, count);
-    const auto mine =
-        std::find_if(slices.begin(), slices.end(), [](const Place& place) { return place.processor == thisProcessor; });
-    if (mine == slices.end()) {
-        throw Refusal(std::string("no slice for ") + nameOf(thisProcessor));
+    const auto mine = std::find_if(slices->begin(), slices->end(),
+                                   [](const Place& place) { return place.processor == thisProcessor; });
+    if (mine == slices->end()) {
+        throw Refusal("no slice for " + nameOf(thisProcessor));
     }
     return file.part(mine->offset, mine->size, "the end of its slice");
 }

@@ -1,7 +1,7 @@
 #include "phone/packages/Package.h"
 
 #include "phone/flow/InputError.h"
-#include "phone/packages/LibrarySlice.h"
+#include "phone/packages/LibraryCheck.h"
 #include "phone/packages/PackageError.h"
 
 #include <algorithm>
@@ -221,7 +221,7 @@ Package parsePackage(std::string_view bytes) {
             throw PackageError("conffiles: " + file.target + " has a second name, " + file.name);
         }
         if (file.kind == TarEntry::Kind::File && isLoadedLibrary(file.name)) {
-            checkSlice(file.name, file.content);
+            checkLibrary(file.name, file.content);
         }
     }
     return package;

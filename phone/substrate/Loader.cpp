@@ -35,7 +35,9 @@ std::vector<std::string> libraryNames() {
     return names;
 }
 
-void warn(const std::string& path, const char* what) { std::fprintf(stderr, "loader: %s: %s\n", path.c_str(), what); }
+void warn(const std::string& path, const std::string& what) {
+    std::fprintf(stderr, "%s%s: %s\n", loaderMark, path.c_str(), what.c_str());
+}
 
 /// A shared object of the machine, or a library as the device has it. False, with a warning, when it does not load.
 bool load(const std::string& library) {
@@ -45,7 +47,7 @@ bool load(const std::string& library) {
     if (!macho::isMachO(beginning)) {
         const bool loads = dlopen(path.c_str(), RTLD_LAZY | RTLD_GLOBAL) != nullptr;
         if (!loads) {
-            warn(library, dlerror());
+            warn(library, std::string("not loaded: ") + dlerror());
         }
         return loads;
     }
@@ -53,7 +55,7 @@ bool load(const std::string& library) {
         macho::load(path);
         return true;
     } catch (const macho::Refusal& refusal) {
-        warn(library, refusal.what());
+        warn(library, std::string("not loaded: ") + refusal.what());
         return false;
     }
 }

@@ -1,5 +1,6 @@
 #include "phone/uikit/Application.h"
 
+#include "phone/foundation/Arrays.h"
 #include "phone/uikit/Interface.h"
 #include "phone/uikit/StatusBar.h"
 #include "phone/uikit/Touch.h"
@@ -43,13 +44,7 @@ UIApplication Application::sharedApplication() {
     return application;
 }
 
-NSArray Application::windows() const {
-    auto all = objc::make<NSMutableArray>();
-    for (const UIWindow& window : Window::all()) {
-        all.add(window);
-    }
-    return all;
-}
+NSArray Application::windows() const { return arrayOf(Window::all()); }
 
 UIWindow Application::keyWindow() const { return Window::key(); }
 

@@ -1,5 +1,6 @@
 #include "phone/uikit/NavigationBar.h"
 
+#include "phone/foundation/Arrays.h"
 #include "phone/foundation/Raise.h"
 #include "phone/uikit/BarBackground.h"
 #include "phone/uikit/NavigationButton.h"
@@ -48,24 +49,14 @@ void NavigationBar::initWithFrame(CGRect frame) {
 
 // The items
 
-NSArray NavigationBar::items() const {
-    const auto all = objc::make<NSMutableArray>();
-    for (const UINavigationItem& item : _items) {
-        all.add(item);
-    }
-    return all;
-}
+NSArray NavigationBar::items() const { return arrayOf(_items); }
 
 void NavigationBar::setItems(const NSArray& items) {
     if (_manager) {
         raise("NSInternalInconsistencyException",
               "Cannot call setItems:animated: directly on a UINavigationBar managed by a controller.");
     }
-    std::vector<UINavigationItem> all;
-    for (const auto& item : items) {
-        all.push_back(objc::as<UINavigationItem>(item));
-    }
-    show(all);
+    show(vectorOf<UINavigationItem>(items));
 }
 
 UINavigationItem NavigationBar::itemFromTop(std::size_t index) const {

@@ -1,6 +1,7 @@
 #include "phone/uikit/NavigationController.h"
 
 #include "phone/device/Log.h"
+#include "phone/foundation/Arrays.h"
 #include "phone/foundation/Raise.h"
 #include "phone/uikit/LayoutContainerView.h"
 #include "phone/uikit/NavigationBar.h"
@@ -24,14 +25,6 @@ ViewController& peer(const UIViewController& controller) { return *ViewControlle
 
 void log(const char* action, const UIViewController& controller, const UIViewController& by) {
     Log::shared().add("navigation", {{"action", action}, {"controller", className(controller)}, {"by", className(by)}});
-}
-
-NSArray arrayOf(const std::vector<UIViewController>& controllers) {
-    const auto all = objc::make<NSMutableArray>();
-    for (const UIViewController& controller : controllers) {
-        all.add(controller);
-    }
-    return all;
 }
 
 CGRect shifted(CGRect frame, double x) {

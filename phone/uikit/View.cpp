@@ -1,5 +1,6 @@
 #include "phone/uikit/View.h"
 
+#include "phone/foundation/Arrays.h"
 #include "phone/uikit/Animator.h"
 #include "phone/uikit/GestureRecognizer.h"
 #include "phone/uikit/Layer.h"
@@ -344,13 +345,7 @@ void View::removeGestureRecognizer(const UIGestureRecognizer& recognizer) {
     _recognizers.erase(found);
 }
 
-NSArray View::gestureRecognizers() const {
-    auto all = objc::make<NSMutableArray>();
-    for (const UIGestureRecognizer& recognizer : _recognizers) {
-        all.add(recognizer);
-    }
-    return all;
-}
+NSArray View::gestureRecognizers() const { return arrayOf(_recognizers); }
 
 bool View::endEditing(bool force) {
     const UIResponder first = Responder::first();

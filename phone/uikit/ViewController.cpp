@@ -1,6 +1,7 @@
 #include "phone/uikit/ViewController.h"
 
 #include "phone/device/Log.h"
+#include "phone/foundation/Arrays.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/View.h"
 #include "platform/uikit/UIScreen.h"
@@ -140,13 +141,7 @@ UINavigationItem ViewController::navigationItem() {
 
 // The tree of controllers
 
-NSArray ViewController::childViewControllers() const {
-    const auto all = objc::make<NSMutableArray>();
-    for (const UIViewController& child : _children) {
-        all.add(child);
-    }
-    return all;
-}
+NSArray ViewController::childViewControllers() const { return arrayOf(_children); }
 
 void ViewController::addChildViewController(const UIViewController& child) {
     ViewController* peer = of(child);

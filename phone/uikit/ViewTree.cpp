@@ -1,5 +1,6 @@
 // The part of View that moves views in and out of the tree.
 
+#include "phone/foundation/Arrays.h"
 #include "phone/foundation/Raise.h"
 #include "phone/uikit/Animator.h"
 #include "phone/uikit/GestureRecognizer.h"
@@ -23,13 +24,7 @@ View::~View() {
     }
 }
 
-NSArray View::subviews() const {
-    auto all = objc::make<NSMutableArray>();
-    for (const UIView& child : _subviews) {
-        all.add(child);
-    }
-    return all;
-}
+NSArray View::subviews() const { return arrayOf(_subviews); }
 
 UIWindow View::window() const {
     const View* top = this;

@@ -116,6 +116,23 @@ TEST_F(ApplicationProcessTest, DoesNotWaitForeverForAnAnswer) {
     EXPECT_FALSE(process.isRunning());
 }
 
+TEST_F(ApplicationProcessTest, HandsOverWhatTheLoaderSaidWhileItCameUp) {
+    const std::string said = "printf 'other\\nloader: a: not loaded\\nloader: b: not loaded\\n' >&2; ";
+    ApplicationProcess process(script(said + up + "read line <&3; echo 'loader: late' >&2; echo '{\"ok\":true}' >&3"));
+    process.settle();
+
+    EXPECT_THAT(process.loaderLines(), testing::ElementsAre("loader: a: not loaded", "loader: b: not loaded"));
+}
+
+TEST_F(ApplicationProcessTest, SaysWhatTheLoaderSaidWhenItDiesWhileComingUp) {
+    const std::string said = "printf 'loader: a: not loaded\\nnothing there\\n' >&2; ";
+
+    EXPECT_EQ(death([&] { ApplicationProcess process(script(said + "exit 3")); }),
+              "the phone application died: exit status 3, last words: nothing there; loader: a: not loaded");
+    EXPECT_EQ(death([&] { ApplicationProcess process(script("echo 'loader: a: not loaded' >&2; exit 3")); }),
+              "the phone application died: exit status 3, last words: loader: a: not loaded");
+}
+
 TEST_F(ApplicationProcessTest, SaysWhenItCannotBeStarted) {
     EXPECT_THROW(ApplicationProcess({folder.path("missing"), folder.path(), {}, 0}), ScreenError);
     EXPECT_THAT(death([&] { ApplicationProcess process(script("echo 'no root' >&2; exit 2")); }),

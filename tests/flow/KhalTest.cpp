@@ -1,9 +1,4 @@
-#include "phone/eventkit/CalendarFolder.h"
-#include "tests/flow/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "tests/flow/Khal.h"
 
 using namespace phone;
 
@@ -11,21 +6,10 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// khal is a calendar program that people use; it knows nothing of the phone.
 class KhalTest : public testing::Test {
 protected:
     KhalTest() : calendars(folder.path("root"), EntityType::Event) {
         calendars.create(Access::Allow, {{"Home", true}, {"Work"}});
-        std::string places;
-        for (const CalendarRow& row : calendars.calendars()) {
-            places += "[[" + row.title + "]]\npath = " + folder.path("root") + CalendarFolder::devicePath + "/events/" +
-                      row.id + "\n";
-        }
-        folder.write("khal.conf", "[calendars]\n" + places + "[sqlite]\npath = " + folder.path("khal.db") +
-                                      "\n[locale]\nlocal_timezone = Europe/Berlin\n"
-                                      "default_timezone = Europe/Berlin\ntimeformat = %H:%M\n"
-                                      "dateformat = %Y-%m-%d\nlongdateformat = %Y-%m-%d\n"
-                                      "datetimeformat = %Y-%m-%d %H:%M\nlongdatetimeformat = %Y-%m-%d %H:%M\n");
     }
     void write(EventItem event, std::size_t calendar = 0) {
         event.id = newIdentifier();
@@ -33,22 +17,8 @@ protected:
         event.alarms = {{std::nullopt, 0}};
         calendars.write(calendars.calendars()[calendar].id, event);
     }
-    /// What khal shows from the first day to the second, one line an occurrence.
-    Lines list(const std::string& format, const std::string& from, const std::string& to) {
-        const std::string command = "HOME=" + folder.path() + " XDG_DATA_HOME=" + folder.path("data") +
-                                    " XDG_CACHE_HOME=" + folder.path("cache") + " LC_ALL=C.UTF-8 khal -c " +
-                                    folder.path("khal.conf") + " list --day-format '' --format '" + format + "' " +
-                                    from + " " + to + " > " + folder.path("shown") + " 2> " + folder.path("complaints");
-        EXPECT_EQ(std::system(command.c_str()), 0) << folder.read("complaints");
-        EXPECT_EQ(folder.read("complaints"), "");
-        std::istringstream shown(folder.read("shown"));
-        Lines lines;
-        for (std::string line; std::getline(shown, line);) {
-            if (!line.empty() && (lines.empty() || lines.back() != line)) { // it shows an event on each of its days
-                lines.push_back(line);
-            }
-        }
-        return lines;
+    Lines list(const std::string& format, const std::string& from, const std::string& to) const {
+        return Khal(folder, folder.path("root")).list(format, from, to);
     }
     /// The days on which an event of 31 January 2026, 09:15 in Berlin, comes again.
     Lines daysOf(const Recurrence& recurrence, const std::string& to, bool isAllDay = false) {

@@ -26,8 +26,10 @@ protected:
         makePhone(_options.root, STAGE_DIRECTORY, stores);
         installChosenLibrary(_options.root);
     }
-    /// Plays these commands as one flow; expects all of them to hold.
-    void play(const std::string& commands) { play(_options, {Flow::read(folder.write("flow.yaml", commands))}); }
+    /// Plays these commands as one flow; expects all of them to hold. Gives what stands on standard error.
+    std::string play(const std::string& commands) {
+        return play(_options, {Flow::read(folder.write("flow.yaml", commands))});
+    }
     /// Plays flows one after the other on the phones that their headers ask for; expects all of them to hold.
     void playFiles(const std::vector<std::string>& files) {
         Player::Options options = _options;
@@ -38,6 +40,22 @@ protected:
         }
         play(options, flows);
     }
+    // Commands, to be put together.
+    /// A new run, a call that is accepted, and a tap on the top of its screen.
+    static std::string openSheet() {
+        return "- launchApp\n- phoneCall: {number: '+49 30 1234567', action: call}\n- phoneCall: {action: accept}\n"
+               "- tapOn: {point: '160,50'}\n";
+    }
+    /// The same, and a pick from the sheet.
+    static std::string open(const std::string& activity) {
+        return openSheet() + "- tapOn: '" + activity + "'\n- waitForAnimationToEnd\n";
+    }
+    /// Writes into the text that shows this placeholder, and saves.
+    static std::string write(const std::string& placeholder, const std::string& text) {
+        return "- tapOn: '" + placeholder + "'\n- inputText: '" + text +
+               "'\n- tapOn: 'Done'\n- waitForAnimationToEnd\n";
+    }
+
     nlohmann::ordered_json recorded(const char* kind) const { return records(_options.root, zone).at(kind); }
     std::string root() const { return _options.root; }
     /// Runs a program with the phone's calendars; gives what it prints.
@@ -51,12 +69,13 @@ protected:
     TemporaryFolder folder;
 
 private:
-    static void play(const Player::Options& options, const std::vector<Flow>& flows) {
+    static std::string play(const Player::Options& options, const std::vector<Flow>& flows) {
         Player player(options);
         testing::internal::CaptureStderr();
         const int status = player.play(flows);
         const std::string complaints = testing::internal::GetCapturedStderr();
         EXPECT_EQ(status, 0) << complaints;
+        return complaints;
     }
 
     Player::Options _options;

@@ -1,6 +1,6 @@
 // Events written during a call, seen from outside the phone application.
 
-#include "phone/eventkit/CalendarFolder.h"
+#include "tests/flow/Khal.h"
 #include "tests/flow/WholePhone.h"
 
 namespace phone {
@@ -8,13 +8,6 @@ namespace {
 
 class WrittenEvents : public WholePhone {
 protected:
-    static constexpr const char* openEvent = R"(
-- phoneCall: {number: "+49 30 1234567", action: call}
-- phoneCall: {action: accept}
-- tapOn: {point: "160,50"}
-- tapOn: "Event"
-- waitForAnimationToEnd
-)";
     static constexpr const char* chooseEverything = R"(
 - tapOn: "Calendar"
 - waitForAnimationToEnd
@@ -71,9 +64,8 @@ protected:
 - tapOn: "Back"
 - waitForAnimationToEnd
 )";
-    static std::string write(const std::string& text) {
-        return "- tapOn: \"Description\"\n- inputText: \"" + text + "\"\n- tapOn: \"Done\"\n- waitForAnimationToEnd\n";
-    }
+    static std::string openEvent() { return open("Event"); }
+    static std::string write(const std::string& text) { return WholePhone::write("Description", text); }
     static Stores allowed() {
         Stores stores;
         stores.eventAccess = Access::Allow;
@@ -84,8 +76,8 @@ protected:
 TEST_F(WrittenEvents, CarryNothingOverARestart) {
     make(allowed());
 
-    play(std::string("- launchApp") + openEvent + chooseEverything + turnAllDay + write("Lunch") +
-         "- stopApp\n- launchApp" + openEvent + lookAround + write("Again"));
+    play(openEvent() + chooseEverything + turnAllDay + write("Lunch") + "- stopApp\n" + openEvent() + lookAround +
+         write("Again"));
 
     const auto events = recorded("events");
     ASSERT_EQ(events.size(), 2U);
@@ -99,26 +91,15 @@ TEST_F(WrittenEvents, CarryNothingOverARestart) {
               R"("recurrence":{"frequency":"weekly","interval":1,"until":null}})");
 }
 
-// khal is a calendar program that people use; it knows nothing of the phone.
 TEST_F(WrittenEvents, AreReadByKhal) {
     make(allowed());
-    play(std::string("- launchApp") + openEvent + chooseEverything + write("Lunch; with A, ü"));
-    std::string places;
-    for (const CalendarRow& calendar : CalendarFolder(root(), EntityType::Event).calendars()) {
-        places += "[[" + calendar.title + "]]\npath = " + root() + CalendarFolder::devicePath + "/events/" +
-                  calendar.id + "\n";
-    }
-    folder.write("khal.conf", "[calendars]\n" + places + "[sqlite]\npath = " + folder.path("khal.db") +
-                                  "\n[locale]\nlocal_timezone = Europe/Berlin\ndefault_timezone = Europe/Berlin\n"
-                                  "timeformat = %H:%M\ndateformat = %Y-%m-%d\nlongdateformat = %Y-%m-%d\n"
-                                  "datetimeformat = %Y-%m-%d %H:%M\nlongdatetimeformat = %Y-%m-%d %H:%M\n");
+    play(openEvent() + chooseEverything + write("Lunch; with A, ü"));
 
-    const std::string shown = printed("khal -c " + folder.path("khal.conf") + " list --day-format '' --format " +
-                                      "'{calendar}|{title}|{start}|{end}' 2026-03-01 2026-06-01");
+    const auto shown = Khal(folder, root()).list("{calendar}|{title}|{start}|{end}", "2026-03-01", "2026-06-01");
 
-    EXPECT_EQ(shown, "Work|Lunch; with A, ü|2026-03-20 09:15|2026-03-20 10:45\n"
-                     "Work|Lunch; with A, ü|2026-03-27 09:15|2026-03-27 10:45\n"
-                     "Work|Lunch; with A, ü|2026-04-03 09:15|2026-04-03 10:45\n");
+    EXPECT_EQ(shown, (std::vector<std::string>{"Work|Lunch; with A, ü|2026-03-20 09:15|2026-03-20 10:45",
+                                               "Work|Lunch; with A, ü|2026-03-27 09:15|2026-03-27 10:45",
+                                               "Work|Lunch; with A, ü|2026-04-03 09:15|2026-04-03 10:45"}));
 }
 
 } // namespace

@@ -8,13 +8,6 @@ namespace {
 
 class WrittenReminders : public WholePhone {
 protected:
-    static constexpr const char* openReminder = R"(
-- phoneCall: {number: "+49 30 1234567", action: call}
-- phoneCall: {action: accept}
-- tapOn: {point: "160,50"}
-- tapOn: "Reminder"
-- waitForAnimationToEnd
-)";
     /// Chooses what can be chosen; the list chooser shows the lists from its second opening on.
     static constexpr const char* chooseEverything = R"(
 - tapOn: {text: "List", index: 0}
@@ -37,10 +30,8 @@ protected:
 - tapOn: "Back"
 - waitForAnimationToEnd
 )";
-    static std::string write(const std::string& text) {
-        return "- tapOn: \"  Description\"\n- inputText: \"" + text +
-               "\"\n- tapOn: \"Done\"\n- waitForAnimationToEnd\n";
-    }
+    static std::string openReminder() { return open("Reminder"); }
+    static std::string write(const std::string& text) { return WholePhone::write("  Description", text); }
     static Stores allowed() {
         Stores stores;
         stores.reminderAccess = Access::Allow;
@@ -51,8 +42,7 @@ protected:
 TEST_F(WrittenReminders, CarryNothingOverARestart) {
     make(allowed());
 
-    play(std::string("- launchApp") + openReminder + chooseEverything + write("milk") + "- stopApp\n- launchApp" +
-         openReminder + write("eggs"));
+    play(openReminder() + chooseEverything + write("milk") + "- stopApp\n" + openReminder() + write("eggs"));
 
     const auto reminders = recorded("reminders");
     ASSERT_EQ(reminders.size(), 2U);
@@ -65,8 +55,8 @@ TEST_F(WrittenReminders, CarryNothingOverARestart) {
 TEST_F(WrittenReminders, ShowTheListsOfAnEarlierRun) {
     make(allowed());
 
-    play(std::string("- launchApp") + openReminder + chooseEverything +
-         "- stopApp\n- setPermissions: {reminders: deny}\n" + "- launchApp" + openReminder + R"(
+    play(openReminder() + chooseEverything + "- stopApp\n- setPermissions: {reminders: deny}\n" + openReminder() +
+         R"(
 - tapOn: {text: "List", index: 0}
 - assertVisible: "Shopping"
 )");
@@ -75,7 +65,7 @@ TEST_F(WrittenReminders, ShowTheListsOfAnEarlierRun) {
 // todoman is a calendar program that people use; it knows nothing of the phone.
 TEST_F(WrittenReminders, AreReadByTodoman) {
     make(allowed());
-    play(std::string("- launchApp") + openReminder + chooseEverything + write("Milk; bread, ü"));
+    play(openReminder() + chooseEverything + write("Milk; bread, ü"));
     folder.write("todoman.py", "path = \"" + root() + CalendarFolder::devicePath + "/reminders/*\"\n" +
                                    "date_format = \"%Y-%m-%d\"\ntime_format = \"%H:%M\"\ncache_path = \"" +
                                    folder.path("cache.sqlite3") + "\"\n");

@@ -123,12 +123,14 @@ TEST_F(LivePhoneTest, ShowsOnlyTheLinesThatHaveChanged) {
     phone.settle();
     const ScreenBand before = phone.picture(0);
 
-    waitUntil([&] { return phone.state().at("call").at("seconds").get<long>() >= 1; });
-    const ScreenBand band = phone.picture(before.version);
+    ScreenBand band;
+    waitUntil([&] {
+        band = phone.picture(before.version);
+        return band.count > 0;
+    });
 
     EXPECT_GE(band.first, 2 * 62); // the running time, and nothing else
     EXPECT_LE(band.first + band.count, 2 * 84);
-    EXPECT_GT(band.count, 0);
 }
 
 TEST_F(LivePhoneTest, ShowsNothingNewWhereNothingHasChanged) {

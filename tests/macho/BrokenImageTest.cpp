@@ -145,6 +145,20 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"RebaseBeforeTheStart",
                rebases({0x11, 0x21, 0x00, 0x30, 0xf8, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0x01, 0x51}),
                "the rebases lie outside"},
+        Broken{"RebasesThatOverlap",
+               [](auto& b) {
+                   rebases({0x11, 0x21, 0x00, 0x51, 0x21, 0x04, 0x51})(b);
+                   fixups(b).bindSize = 0;
+               },
+               "the rebases overlap"},
+        Broken{"BoundInitialiser",
+               [](auto& b) {
+                   const auto offset = section(b, "__mod_init_func").address - segment(b, Data).address;
+                   write(b, fixups(b).bindOffset,
+                         {0x11, 0x40, 'a', 0x00, 0x51, 0x71, static_cast<int>(0x80 | (offset & 0x7f)),
+                          static_cast<int>(0x80 | (offset >> 7 & 0x7f)), static_cast<int>(offset >> 14), 0x90, 0x00});
+               },
+               "an initialiser is no code of its own"},
         Broken{"EndlessRebases",
                rebases({0x11, 0x21, 0x00, 0x80, 0xff, 0xff, 0xff, 0xff, 0x7f, 0xf8, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff,
                         0xff, 0xff, 0x01}),
@@ -157,6 +171,9 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"BindSpecialLibrary", binds({0x38}), "the binds name the unknown library -8"},
         Broken{"BindSegment", binds({0x79, 0x00}), "the binds name segment 9"},
         Broken{"BindNameless", binds({0x11, 0x51, 0x71, 0x00, 0x90}), "the binds name no symbol"},
+        Broken{"BindToItself", binds({0x10, 0x40, 'a', 0x00, 0x51, 0x71, 0x00, 0x90}), "the symbol a is missing"},
+        Broken{"BindToTheExecutable", binds({0x3f, 0x40, 'a', 0x00, 0x51, 0x71, 0x00, 0x90}),
+               "the symbol a is missing"},
         Broken{"BindNowhere", binds({0x11, 0x40, 'a', 0x00, 0x51, 0x90}), "the binds name no segment"},
         Broken{"BindOfCode", binds({0x11, 0x40, 'a', 0x00, 0x51, 0x70, 0x00, 0x90}), "the binds lie outside"},
         Broken{"EndlessBinds", binds({0x11, 0x40, 'a',  0x00, 0x71, 0x00, 0xc0, 0xff, 0xff, 0xff, 0xff,

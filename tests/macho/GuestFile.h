@@ -1,4 +1,4 @@
-/// The bytes of the small library that the tests load, and of broken variants of it.
+/// The bytes of the small library that the tests load, of broken variants of it, and of a file with it among others.
 #pragma once
 
 #include "phone/macho/Format.h"
@@ -69,5 +69,19 @@ inline SectionEntry& section(std::string& bytes, const std::string& name) {
 }
 
 inline FixupsCommand& fixups(std::string& bytes) { return in<FixupsCommand>(bytes, commandAt(bytes, Fixups)); }
+
+/// A file of two slices, the second for this processor.
+inline std::string fat(std::uint32_t processor, const std::string& slice) {
+    const auto big = [](std::uint32_t number) { return __builtin_bswap32(number); };
+    constexpr std::uint32_t offset = 4096;
+    const FatHeader first{big(fatMagic), big(2)};
+    const FatSlice slices[] = {
+        {big(armv7Processor), 0, big(64), big(64), 0},
+        {big(processor), 0, big(offset), big(static_cast<std::uint32_t>(slice.size())), big(12)}};
+    std::string bytes(offset, '\0');
+    std::memcpy(bytes.data(), &first, sizeof(first));
+    std::memcpy(bytes.data() + sizeof(first), slices, sizeof(slices));
+    return bytes + slice;
+}
 
 } // namespace phone::macho

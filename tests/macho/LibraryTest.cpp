@@ -51,20 +51,6 @@ protected:
             return refused.what();
         }
     }
-    /// A file of two slices, the second for this machine.
-    static std::string fat(std::uint32_t processor, const std::string& slice) {
-        const auto big = [](std::uint32_t number) { return __builtin_bswap32(number); };
-        constexpr std::uint32_t armv7 = 12;
-        constexpr std::uint32_t offset = 4096;
-        const FatHeader first{big(fatMagic), big(2)};
-        const FatSlice slices[] = {
-            {big(armv7), 0, big(64), big(64), 0},
-            {big(processor), 0, big(offset), big(static_cast<std::uint32_t>(slice.size())), big(12)}};
-        std::string bytes(offset, '\0');
-        std::memcpy(bytes.data(), &first, sizeof(first));
-        std::memcpy(bytes.data() + sizeof(first), slices, sizeof(slices));
-        return bytes + slice;
-    }
     /// How the page of an address may be used, as the system says: "rw-".
     static std::string protection(const void* address) {
         std::ifstream maps("/proc/self/maps");
@@ -209,7 +195,7 @@ TEST_F(LibraryTest, TheSliceForThisMachineIsTakenOutOfAFatFile) {
 }
 
 TEST_F(LibraryTest, AFatFileWithoutASliceForThisMachineIsRefused) {
-    EXPECT_EQ(refusalOf(fat(7, guest())), std::string("no slice for ") + nameOf(thisProcessor));
+    EXPECT_EQ(refusalOf(fat(7, guest())), "no slice for " + nameOf(thisProcessor));
 }
 
 TEST_F(LibraryTest, AFatFileThatEndsTooEarlyIsRefused) {

@@ -28,24 +28,6 @@ inline DebFile debLink(const std::string& name, const std::string& target) {
     return {name, "", 0777, 0, 0, AE_IFLNK, target};
 }
 
-/// The least that the loader takes for a library: a fat file that names the processors of its slices.
-inline std::string fatLibrary(const std::vector<unsigned>& processors) {
-    const auto number = [](unsigned value) {
-        std::string bytes;
-        for (int shift = 24; shift >= 0; shift -= 8) {
-            bytes += static_cast<char>(value >> static_cast<unsigned>(shift));
-        }
-        return bytes;
-    };
-    std::string bytes = number(0xcafebabe) + number(static_cast<unsigned>(processors.size()));
-    for (const unsigned processor : processors) {
-        bytes += number(processor) + number(0) + number(4096) + number(16) + number(12);
-    }
-    return bytes;
-}
-constexpr unsigned processorX86 = 0x01000007;
-constexpr unsigned processorArm64 = 0x0100000c;
-
 struct DebBuilder {
     std::string package = "mirelda.test";
     std::string version = "1.0";

@@ -30,9 +30,8 @@ protected:
     }
     /// Cancels a note whose text is to be kept, on a phone where that is switched on.
     void cancelNote(const std::string& text) {
-        play("- setPreferences: {SwitchCell2: true}\n- launchApp\n- phoneCall: {number: '1', action: call}\n"
-             "- tapOn: Accept\n- tapOn: {point: '160,50'}\n- tapOn: Note\n- tapOn: '  Note'\n- inputText: '" +
-             text + "'\n- tapOn: Cancel\n- waitForAnimationToEnd\n");
+        play("- setPreferences: {SwitchCell2: true}\n" + open("Note") + "- tapOn: '  Note'\n- inputText: '" + text +
+             "'\n- tapOn: Cancel\n- waitForAnimationToEnd\n");
     }
 };
 
@@ -56,8 +55,7 @@ TEST_F(InstalledLibraryTest, KeepsWhatItWroteWhenItIsInstalledOverItself) {
     ASSERT_EQ(lines.size(), 2u);
     EXPECT_EQ(lines[0], "mirelda.test 1.0: installed");
     EXPECT_NE(lines[1].find("noteText.plist as it was changed here"), std::string::npos) << lines[1];
-    play("- launchApp\n- phoneCall: {number: '1', action: call}\n- tapOn: Accept\n- tapOn: {point: '160,50'}\n"
-         "- tapOn: Note\n- assertVisible: kept\n");
+    play(open("Note") + "- assertVisible: kept\n");
 
     removePackage(root(), "mirelda.test");
 

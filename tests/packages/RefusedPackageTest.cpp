@@ -195,20 +195,6 @@ TEST_F(RefusedPackageTest, FilesInThePlaceOfFoldersAndTheOtherWayRound) {
     expectRefused(package, "/Library/Test is a folder in the package and a file on the phone");
 }
 
-TEST_F(RefusedPackageTest, ALibraryWithoutASliceForThisMachine) {
-    package.files = {debFolder("./Library"),
-                     debFolder("./Library/MobileSubstrate"),
-                     debFolder("./Library/MobileSubstrate/DynamicLibraries"),
-                     {"./Library/MobileSubstrate/DynamicLibraries/T.dylib", fatLibrary({12})}};
-    expectRefused(package, "T.dylib holds a slice for armv7 and none for ");
-    package.files.back().content = std::string("\xcf\xfa\xed\xfe\x07\0\0", 7);
-    expectRefused(package, "T.dylib ");
-    package.files.back().content = "text";
-    expectRefused(package, "T.dylib is no library for this machine; install the package whose name ends in _");
-    package.files.back().content = fatLibrary({12, processorArm64, processorX86});
-    EXPECT_EQ(install(package), 0) << errors;
-}
-
 TEST_F(RefusedPackageTest, ARecordThatCannotBeRead) {
     folder.write("root/Library/dpkg/status", "no field\n");
     const auto before = snapshot(root());

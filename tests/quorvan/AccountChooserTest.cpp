@@ -21,11 +21,7 @@ TEST_F(AccountChooser, HasItsPartsInOrder) {
     openChooser();
 
     const auto shown = chooser();
-    EXPECT_EQ(attribute(shown, "frame"), "15 171.5 290 225");
-    EXPECT_EQ(attribute(shown, "cornerRadius"), "5");
-    EXPECT_EQ(attribute(shown, "clips"), "true");
-    EXPECT_EQ(attribute(shown, "background"), "#ffffffff");
-    EXPECT_EQ(attribute(shown, "alpha"), "1");
+    expectPanel(shown, "15 171.5 290 225");
     EXPECT_EQ(layout(shown), (std::vector<std::string>{
                                  "UINavigationBar 0 0 290 44",
                                  "UITableView 0 44.5 290 180.5",

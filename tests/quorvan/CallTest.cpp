@@ -143,6 +143,14 @@ pugi::xml_node CallTest::chooser(const std::string& className) {
     return tree().select_node(panels.c_str()).node();
 }
 
+void CallTest::expectPanel(const pugi::xml_node& panel, const std::string& frame) {
+    EXPECT_EQ(attribute(panel, "frame"), frame);
+    EXPECT_EQ(attribute(panel, "background"), "#ffffffff");
+    EXPECT_EQ(attribute(panel, "alpha"), "1");
+    EXPECT_EQ(attribute(panel, "cornerRadius"), "5");
+    EXPECT_EQ(attribute(panel, "clips"), "true");
+}
+
 std::vector<std::string> CallTest::layout(const pugi::xml_node& view) {
     std::vector<std::string> lines;
     for (const auto& child : view.children()) {

@@ -69,6 +69,8 @@ protected:
     pugi::xml_node panel();
     /// The panel of the chooser of this class; null while it is not shown.
     pugi::xml_node chooser(const std::string& className);
+    /// Expects what every panel of the library looks like, at this frame.
+    void expectPanel(const pugi::xml_node& panel, const std::string& frame);
     /// What lies directly in a view, back to front: "CLASS FRAME".
     static std::vector<std::string> layout(const pugi::xml_node& view);
     /// What the rows of the panel's table that have a cell read, top to bottom.

@@ -53,11 +53,7 @@ TEST_F(EventScreen, HasItsPartsInOrder) {
 TEST_F(EventScreen, StandsInTheMiddleOfTheFourInchPhone) {
     startEvent();
 
-    EXPECT_EQ(panelFrame(), "15 149 290 270");
-    EXPECT_EQ(attribute(shown(), "cornerRadius"), "5");
-    EXPECT_EQ(attribute(shown(), "clips"), "true");
-    EXPECT_EQ(attribute(shown(), "background"), "#ffffffff");
-    EXPECT_EQ(attribute(shown(), "alpha"), "1");
+    expectPanel(shown(), "15 149 290 270");
 }
 
 TEST_F(EventScreen, StandsInTheMiddleOfTheThreeAndAHalfInchPhone) {

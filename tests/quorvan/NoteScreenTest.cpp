@@ -50,11 +50,7 @@ TEST_F(NoteScreen, IsCentredOnTheFourInchPhone) {
     start();
     startNote();
 
-    EXPECT_EQ(panelFrame(), "15 171.5 290 225");
-    EXPECT_EQ(attribute(panel(), "cornerRadius"), "5");
-    EXPECT_EQ(attribute(panel(), "clips"), "true");
-    EXPECT_EQ(attribute(panel(), "background"), "#ffffffff");
-    EXPECT_EQ(attribute(panel(), "alpha"), "1");
+    expectPanel(panel(), "15 171.5 290 225");
 }
 
 TEST_F(NoteScreen, IsCentredOnTheThreeAndAHalfInchPhone) {

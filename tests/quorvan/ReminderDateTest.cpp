@@ -27,9 +27,7 @@ TEST_F(ReminderDateChooser, HasItsPartsInOrder) {
     open();
 
     const auto shown = chooser();
-    EXPECT_EQ(attribute(shown, "frame"), "15 149 290 270");
-    EXPECT_EQ(attribute(shown, "cornerRadius"), "5");
-    EXPECT_EQ(attribute(shown, "clips"), "true");
+    expectPanel(shown, "15 149 290 270");
     EXPECT_EQ(layout(shown), (Texts{
                                  "UISwitch 227 49 51 31", // which measures itself
                                  "UILabel 15 51 160 27",

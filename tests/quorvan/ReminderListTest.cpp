@@ -17,10 +17,7 @@ TEST_F(ReminderListChooser, HasItsPartsInOrder) {
     open();
 
     const auto shown = chooser();
-    EXPECT_EQ(attribute(shown, "frame"), "15 149 290 270");
-    EXPECT_EQ(attribute(shown, "background"), "#ffffffff");
-    EXPECT_EQ(attribute(shown, "cornerRadius"), "5");
-    EXPECT_EQ(attribute(shown, "clips"), "true");
+    expectPanel(shown, "15 149 290 270");
     EXPECT_EQ(layout(shown), (Texts{
                                  "UINavigationBar 0 0 290 44",
                                  "UITableView 0 44 290 226",

@@ -147,7 +147,7 @@ TEST_F(LoaderTest, ALibraryOfTheDevicesFormatIsLoadedAndABrokenOneIsAWarning) {
 
     EXPECT_EQ(loaded, Names{folder + "Whole.dylib"});
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "loader: " + folder + "Broken.dylib: the file ends before segment __TEXT\n");
+              "loader: " + folder + "Broken.dylib: not loaded: the file ends before segment __TEXT\n");
 }
 
 } // namespace
