@@ -17,14 +17,13 @@ namespace phone {
 namespace {
 
 constexpr std::array<std::string_view, 14> publishedClasses = {
-    "UIButton",     "UIControl",   "UIDatePicker",    "UIImageView", "UILabel", "UINavigationBar",
-    "UIScrollView", "UISwitch",    "UITableView",     "UITextField", "UIView",  "UITableViewCell",
-    "UITextView",   "UIWindow"};
+    "UIButton", "UIControl",   "UIDatePicker", "UIImageView", "UILabel",         "UINavigationBar", "UIScrollView",
+    "UISwitch", "UITableView", "UITextField",  "UIView",      "UITableViewCell", "UITextView",      "UIWindow"};
 
 const char* kindOf(const UIView& view) {
     Class at = object_getClass(view.raw());
-    while (at != nullptr && std::find(publishedClasses.begin(), publishedClasses.end(), class_getName(at)) ==
-                                publishedClasses.end()) {
+    while (at != nullptr &&
+           std::find(publishedClasses.begin(), publishedClasses.end(), class_getName(at)) == publishedClasses.end()) {
         at = class_getSuperclass(at);
     }
     return at != nullptr ? class_getName(at) : "UIView";
