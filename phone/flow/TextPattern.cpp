@@ -43,8 +43,8 @@ struct TextPattern::Compiled {
     Owned<pcre2_code, pcre2_code_free> code;
 };
 
-TextPattern::TextPattern(const std::string& expression, Case letters) : _expression(expression) {
-    if (letters == Case::Sensitive && expression.find_first_of("\\^$.|?*+()[]{}") == std::string::npos) {
+TextPattern::TextPattern(const std::string& expression, Options options) : _expression(expression) {
+    if (!options.ignoresCase && expression.find_first_of("\\^$.|?*+()[]{}") == std::string::npos) {
         return;
     }
     if (expression.size() > longestExpression) {
@@ -54,9 +54,9 @@ TextPattern::TextPattern(const std::string& expression, Case letters) : _express
     pcre2_set_newline(context.get(), PCRE2_NEWLINE_ANYCRLF);
     int error = 0;
     PCRE2_SIZE place = 0;
-    const std::uint32_t options = syntax | (letters == Case::Insensitive ? PCRE2_CASELESS : 0);
+    const std::uint32_t bits = syntax | (options.ignoresCase ? PCRE2_CASELESS : 0) | (options.unicode ? PCRE2_UCP : 0);
     Owned<pcre2_code, pcre2_code_free> code(pcre2_compile(reinterpret_cast<PCRE2_SPTR>(expression.data()),
-                                                          expression.size(), options, &error, &place, context.get()));
+                                                          expression.size(), bits, &error, &place, context.get()));
     if (!code) {
         throw PatternError(messageOf(error));
     }

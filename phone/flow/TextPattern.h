@@ -17,10 +17,14 @@ public:
 /// matching take more than a bounded number of steps, nor more of the stack.
 class TextPattern {
 public:
-    enum class Case { Sensitive, Insensitive };
+    struct Options {
+        bool ignoresCase = false;
+        bool unicode = false; // \w, \d and \s mean all alphabets' letters, digits and spaces, not only English ones
+    };
 
     /// Throws PatternError when the expression is none.
-    explicit TextPattern(const std::string& expression, Case letters = Case::Sensitive);
+    explicit TextPattern(const std::string& expression) : TextPattern(expression, Options()) {}
+    TextPattern(const std::string& expression, Options options);
 
     /// Throws PatternError when it takes too long.
     bool matches(const std::string& utf8) const;

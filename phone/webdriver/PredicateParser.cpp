@@ -318,7 +318,7 @@ void PredicateParser::compilePattern(Comparison& comparison, std::size_t place) 
     const Folding folding = comparison.folding;
     try {
         comparison.pattern.emplace(folding.accents ? utf8(folded(*expression, {false, true})) : *expression,
-                                   folding.letterCase ? TextPattern::Case::Insensitive : TextPattern::Case::Sensitive);
+                                   TextPattern::Options{folding.letterCase, true});
     } catch (const PatternError& error) {
         refusePredicate(_predicate, place, "\"" + *expression + "\" is no regular expression: " + error.what());
     }

@@ -49,7 +49,7 @@ TEST_F(Form, RefusesOtherStyleSheetSelectors) {
 }
 
 TEST_F(Form, RefusesAnUnknownStrategy) {
-    EXPECT_EQ(refusalOf([&] { found("tag name", "a"); }).substr(0, 53),
+    EXPECT_EQ(refusalOf([&] { found("tag name", "a"); }).substr(0, 54),
               "invalid argument: there is no strategy \"tag name\"; the");
 }
 
@@ -96,7 +96,7 @@ TEST_F(Form, SaysWhereXPathCannotBeRead) {
 }
 
 TEST_F(Form, RefusesXPathThatIsTooMuchWork) {
-    EXPECT_NE(refusalOf([&] { found("xpath", "//*[//*[//*[//*[//*[//*]]]]]"); }).find("too much work"),
+    EXPECT_NE(refusalOf([&] { found("xpath", "//*[//*[//*[//*[//*[//*[//*[//*]]]]]]]"); }).find("too much work"),
               std::string::npos);
     EXPECT_NE(refusalOf([&] { found("xpath", std::string(100'000, '(')); }), "");
     EXPECT_NE(refusalOf([&] { found("xpath", std::string(9'000, '(')); }), "");
