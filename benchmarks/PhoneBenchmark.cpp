@@ -2,6 +2,9 @@
 
 #include "benchmarks/Call.h"
 #include "phone/device/Log.h"
+#include "phone/elements/AccessibilityTree.h"
+#include "phone/elements/Find.h"
+#include "phone/elements/Source.h"
 
 #include <benchmark/benchmark.h>
 
@@ -57,6 +60,53 @@ void dumpTheTree(benchmark::State& state) {
     call().cancel();
 }
 BENCHMARK(dumpTheTree)->Unit(benchmark::kMicrosecond);
+
+/// The note with the keyboard: nothing has more elements.
+std::string largestScreen() {
+    call().openNote();
+    call().startTyping();
+    std::string tree = call().screen().tree(true);
+    call().cancel();
+    return tree;
+}
+
+/// The phone application's part of finding.
+void dumpTheTreeForFinding(benchmark::State& state) {
+    call().openNote();
+    call().startTyping();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(call().screen().tree(true));
+    }
+    call().cancel();
+}
+BENCHMARK(dumpTheTreeForFinding)->Unit(benchmark::kMicrosecond);
+
+void printTheSource(benchmark::State& state) {
+    const std::string screen = largestScreen();
+    for (auto _ : state) {
+        const phone::webdriver::AccessibilityTree tree(screen, "Phone");
+        benchmark::DoNotOptimize(xmlSource(tree.application()));
+    }
+}
+BENCHMARK(printTheSource)->Unit(benchmark::kMicrosecond);
+
+/// From the printed tree to what a tester's program asked for.
+void findAnElement(benchmark::State& state, const char* strategy, const char* value) {
+    const std::string screen = largestScreen();
+    for (auto _ : state) {
+        const phone::webdriver::AccessibilityTree tree(screen, "Phone");
+        if (phone::webdriver::find(tree.application(), strategy, value).empty()) {
+            state.SkipWithError("there is no such element");
+            break;
+        }
+    }
+}
+BENCHMARK_CAPTURE(findAnElement, xpath, "xpath", "//XCUIElementTypeKey[@label='m']")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(findAnElement, predicate, "predicate string",
+                  "type == 'XCUIElementTypeKey' AND label MATCHES[c] '[m]'")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(findAnElement, classChain, "class chain", "**/XCUIElementTypeKeyboard/*[`label == 'm'`]")
+    ->Unit(benchmark::kMicrosecond);
 
 void takeAPicture(benchmark::State& state) {
     const std::string picture = folder + "-picture.png";

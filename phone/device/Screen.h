@@ -35,8 +35,10 @@ public:
     /// Moves the animation clock until nothing moves any more.
     void settle();
     /// The dumped tree. For finding, each element carries more attributes: `visible` (true, false); where a
-    /// touch reaches it or something inside it, `touch` ("x y", a point that does); and where a person sees
-    /// it turned, `turned` (clockwise, in quarters).
+    /// touch reaches it or something inside it, `touch` ("x y", a point that does); where a person sees it
+    /// turned, `turned` (clockwise, in quarters); `identity`, a number that no other view of this process ever
+    /// has; `kind`, the nearest class that the platform publishes; `enabled`; where one is set, the
+    /// `accessibilityLabel`; and what a key of the keyboard is for (`key`).
     std::string tree(bool forFinding = false);
     std::string log();
     /// Writes a PNG file at two pixels per point.

@@ -8,9 +8,12 @@
 #include "phone/flow/Player.h"
 #include "phone/flow/Records.h"
 #include "phone/packages/Installer.h"
+#include "phone/server/Serve.h"
+#include "phone/server/Server.h"
 
 #include <CLI/CLI.hpp>
 
+#include <array>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -37,6 +40,7 @@ struct Given {
     bool json = false;
     std::string package;
     std::string removed;
+    int port = Server::usualPort;
 };
 
 void check(const char* option, const std::optional<std::string>& value) {
@@ -45,6 +49,14 @@ void check(const char* option, const std::optional<std::string>& value) {
             throw InputError("--" + std::string(option) + ": " + *wrong);
         }
     }
+}
+
+void checkPhone(const PhoneOptions& phone) {
+    check("device", phone.device);
+    check("app", phone.application);
+    check("language", phone.language);
+    check("now", phone.now);
+    check("zone", phone.zone);
 }
 
 /// The root folder of an existing phone, absolute.
@@ -63,11 +75,7 @@ int makeNew(const Given& given) {
 }
 
 int play(const Given& given) {
-    check("device", given.phone.device);
-    check("app", given.phone.application);
-    check("language", given.phone.language);
-    check("now", given.phone.now);
-    check("zone", given.phone.zone);
+    checkPhone(given.phone);
     Player::Options options;
     options.root = existingRoot(given.root);
     options.phone = given.phone;
@@ -122,6 +130,14 @@ int install(const Given& given) {
     return EXIT_SUCCESS;
 }
 
+int serveClients(const Given& given) {
+    checkPhone(given.phone);
+    if (given.port < 0 || given.port > 65535) {
+        throw InputError("--port: a port is a number up to 65535, 0 for a free one");
+    }
+    return serve(existingRoot(given.root), launchSettings(given.phone, {}), given.port);
+}
+
 /// One line, without the line breaks that the parser may use.
 std::string line(const char* text) {
     std::string all = text;
@@ -143,12 +159,18 @@ int parseAndRun(int argc, char** argv) {
     plays->add_option("flows", given.flows, "FLOW.yaml")->required();
     plays->add_option("--root", given.root)->required();
     plays->add_option("--out", given.out)->required();
-    plays->add_option("--device", given.phone.device);
-    plays->add_option("--app", given.phone.application);
-    plays->add_option("--language", given.phone.language);
     plays->add_option("--now", given.phone.now);
-    plays->add_option("--zone", given.phone.zone);
     plays->add_option("--report", given.report);
+
+    CLI::App* serves = app.add_subcommand("serve");
+    serves->add_option("--root", given.root)->required();
+    serves->add_option("--port", given.port);
+    for (CLI::App* runs : {plays, serves}) {
+        runs->add_option("--device", given.phone.device);
+        runs->add_option("--app", given.phone.application);
+        runs->add_option("--language", given.phone.language);
+        runs->add_option("--zone", given.phone.zone);
+    }
 
     CLI::App* prints = app.add_subcommand("records");
     prints->add_option("--root", given.root)->required();
@@ -168,6 +190,7 @@ int parseAndRun(int argc, char** argv) {
     return makes->parsed()      ? makeNew(given)
            : plays->parsed()    ? play(given)
            : installs->parsed() ? install(given)
+           : serves->parsed()   ? serveClients(given)
                                 : printRecords(given);
 }
 
@@ -182,10 +205,11 @@ int run(int argc, char** argv) {
         std::fputs(version, stdout);
         return EXIT_SUCCESS;
     }
-    if (command != "new" && command != "play" && command != "records" && command != "install") {
+    static constexpr std::array commands = {"new", "play", "records", "install", "serve"};
+    if (std::find(commands.begin(), commands.end(), command) == commands.end()) {
         const std::string what =
             command.empty() ? "a command is missing" : "unknown command `" + std::string(command) + "`";
-        throw InputError(what + "; the commands are new, play, records, install and help");
+        throw InputError(what + "; the commands are new, play, records, install, serve and help");
     }
     return parseAndRun(argc, argv);
 }

@@ -10,7 +10,7 @@ TextPattern readPattern(const Yaml& node, const std::string& name, const Command
     const std::string expression = readText(node, name, scope);
     try {
         return TextPattern(expression);
-    } catch (const std::regex_error&) {
+    } catch (const PatternError&) {
         node.fail("\"" + expression +
                   "\" is no regular expression; write a backslash before ( [ { * + ? . | \\ $ ^ "
                   "that stand for themselves");

@@ -1,6 +1,7 @@
 #include "phone/uikit/TreeDump.h"
 
 #include "phone/uikit/ElementAttributes.h"
+#include "phone/uikit/FindingAttributes.h"
 #include "phone/uikit/HeldScreen.h"
 #include "phone/uikit/Reachability.h"
 #include "phone/uikit/View.h"
@@ -21,6 +22,7 @@ struct Surroundings {
     Placement place;   // of the superview's points on the upright screen
     CGRect clip;       // what of the upright screen is left by the views around
     bool shown = true; // whether none of them is hidden or transparent
+    Responsiveness responsiveness;
 };
 
 CGRect intersection(CGRect a, CGRect b) {
@@ -43,7 +45,7 @@ void write(pugi::xml_node parent, const UIView& view, const Surroundings& around
     writeAttribute(element, "frame", frame);
     writeAttribute(element, "screen", HeldScreen::shared().held(place));
     writeElementAttributes(element, view);
-    const Surroundings inside{around.place.after(peer->placement()), view.clipsToBounds() ? seen : around.clip, shown};
+    Surroundings inside{around.place.after(peer->placement()), view.clipsToBounds() ? seen : around.clip, shown, {}};
     if (forFinding) {
         const bool visible = shown && seen.size.width > 0 && seen.size.height > 0;
         writeAttribute(element, "visible", visible);
@@ -53,6 +55,7 @@ void write(pugi::xml_node parent, const UIView& view, const Surroundings& around
         if (const int quarters = (inside.place.quarters + HeldScreen::shared().quarterTurns()) % 4; quarters != 0) {
             writeAttribute(element, "turned", static_cast<double>(quarters));
         }
+        inside.responsiveness = writeFindingAttributes(element, view, around.responsiveness);
     }
 
     for (const UIView& child : peer->children()) {
@@ -70,7 +73,7 @@ std::string dumpTree(bool forFinding) {
     writeAttribute(screen, "height", size.height);
     writeAttribute(screen, "orientation", HeldScreen::shared().orientation());
     for (const UIWindow& window : Window::all()) {
-        write(screen, window, {{}, UIScreen::main().bounds(), true}, forFinding);
+        write(screen, window, {{}, UIScreen::main().bounds(), true, {}}, forFinding);
     }
     std::ostringstream text;
     document.save(text, "  ");

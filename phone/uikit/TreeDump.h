@@ -8,7 +8,8 @@ namespace phone {
 /// Root `screen`, one element per window below it, back to front, then one per view in subview order.
 /// Coordinates are points; `frame` is in the superview, `screen` as the person holds the device. For
 /// finding, each element also says whether it is `visible`, by how many quarters a person sees it `turned`
-/// clockwise, if any, and, where a touch reaches it or something inside it, a point that does (`touch`).
+/// clockwise, if any, where a touch reaches it or something inside it, a point that does (`touch`), and what
+/// `FindingAttributes` tells.
 std::string dumpTree(bool forFinding);
 
 } // namespace phone

@@ -6,6 +6,7 @@
 #include "platform/uikit/UIGestureRecognizer.h"
 #include "platform/uikit/UIWindow.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace phone {
@@ -98,6 +99,9 @@ public:
 
     UIResponder nextResponder() const;
 
+    /// A number that no other view of this process has or will have.
+    std::uint64_t identity() const { return _identity; }
+
 private:
     friend class Window;
 
@@ -112,11 +116,13 @@ private:
     static void tellDidMove(const UIView& view);
     void tintChanged();
     void takeFirstResponderAway();
+    static std::uint64_t nextIdentity();
     /// For the messages that exist to be overridden.
     void ignore() {}
     void ignoreView(const UIView&) {}
     void ignoreRect(CGRect) {}
 
+    const std::uint64_t _identity = nextIdentity();
     CGPoint _center;
     CGRect _bounds;
     int _quarters = 0;

@@ -7,8 +7,14 @@
 #include "phone/uikit/View.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace phone {
+
+std::uint64_t View::nextIdentity() {
+    static std::atomic<std::uint64_t> last = 0; // views are also made on other threads
+    return ++last;
+}
 
 View::~View() {
     Animator::shared().forget(*this);

@@ -42,6 +42,20 @@ TEST(TextPattern, CountsCharactersAndNotBytes) {
     EXPECT_TRUE(TextPattern("..").matches("a🙂"));
 }
 
+TEST(TextPattern, GivesUpWhereItWouldTakeForever) {
+    const TextPattern pattern("(a+)+(a+)+b");
+
+    EXPECT_THROW(pattern.matches(std::string(5000, 'a')), PatternError);
+    EXPECT_THROW(TextPattern(std::string(10000, '(')), PatternError);
+    EXPECT_THROW(TextPattern("a{2,1}"), PatternError);
+}
+
+TEST(TextPattern, OverlooksCapitalsWhereAsked) {
+    EXPECT_TRUE(TextPattern("zurüCK", {.ignoresCase = true}).matches("ZURÜck"));
+    EXPECT_TRUE(TextPattern("\\w+", {.unicode = true}).matches("Zurück"));
+    EXPECT_FALSE(TextPattern("\\w+").matches("Zurück"));
+}
+
 TEST(TextPattern, MatchesALongText) {
     const std::string text = std::string(20'000, 'a') + "\n" + std::string(20'000, 'b');
 

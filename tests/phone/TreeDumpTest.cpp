@@ -1,5 +1,6 @@
 #include "tests/phone/PhoneTest.h"
 
+#include "platform/uikit/UIButton.h"
 #include "platform/uikit/UILabel.h"
 #include "platform/uikit/UITextField.h"
 
@@ -136,6 +137,40 @@ TEST_F(TreeDump, PrintsTheScreenAsItIsHeld) {
     EXPECT_EQ(attribute(tree().child("screen"), "width"), "568");
     EXPECT_EQ(attribute(find("corner"), "frame"), "10 20 100 30");
     EXPECT_EQ(attribute(find("corner"), "screen"), "20 210 30 100");
+}
+
+TEST_F(TreeDump, TellsOfEachViewForFindingAloneWhichItIs) {
+    root.addSubview(label({0, 0, 100, 20}, "one"));
+    root.addSubview(label({0, 20, 100, 20}, "two"));
+    const std::string one = attribute(find("one"), "identity");
+
+    EXPECT_NE(one, "");
+    EXPECT_NE(one, attribute(find("two"), "identity"));
+    EXPECT_EQ(one, attribute(find("one"), "identity"));
+    EXPECT_EQ(attribute(find("one"), "kind"), "UILabel");
+    for (const char* name : {"identity=", "kind=", "enabled=", "visible=", "touch="}) {
+        EXPECT_EQ(boot().tree().find(name), std::string::npos) << name;
+    }
+}
+
+TEST_F(TreeDump, CallsDisabledWhatAPersonCannotUse) {
+    const auto button = UIButton::withType(UIButtonType::System);
+    button.setFrame({0, 0, 100, 20});
+    button.setTitle("Done"_ns, UIControlStateNormal);
+    const auto panel = UIView::withFrame({0, 0, 100, 100});
+    root.addSubview(panel);
+    panel.addSubview(button);
+    panel.addSubview(label({0, 50, 100, 20}, "beside"));
+    EXPECT_EQ(attribute(findClass("UIButton"), "enabled"), "true");
+
+    panel.setUserInteractionEnabled(false);
+    EXPECT_EQ(attribute(findClass("UIButton"), "enabled"), "false");
+    EXPECT_EQ(attribute(find("beside"), "enabled"), "true");
+
+    panel.setUserInteractionEnabled(true);
+    button.setEnabled(false);
+    EXPECT_EQ(attribute(findClass("UIButton"), "enabled"), "false");
+    EXPECT_EQ(attribute(findClass("UIButton").child("UILabel"), "enabled"), "false");
 }
 
 } // namespace

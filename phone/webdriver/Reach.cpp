@@ -1,0 +1,98 @@
+#include "phone/webdriver/Reach.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace phone::webdriver {
+
+namespace {
+
+constexpr int mostDrags = 12; // on the way to an element
+constexpr double dragSeconds = 0.3;
+constexpr double partOfScroller = 0.4; // of its height; how far one drag goes at most, from the middle
+
+bool scrolls(const Element& element) {
+    const std::string type = element.type();
+    return type == "XCUIElementTypeTable" || type == "XCUIElementTypeScrollView" || type == "XCUIElementTypeTextView";
+}
+
+Element scrollerAround(const Element& element) {
+    Element at = element.parent();
+    while (at && !scrolls(at)) {
+        at = at.parent();
+    }
+    return at;
+}
+
+double middle(long start, long length) { return static_cast<double>(start) + static_cast<double>(length) / 2; }
+
+/// Drags what scrolls around the element so that it comes nearer. False when nothing around it can be dragged.
+bool bringNearer(Session& session, const Element& element) {
+    const Element scroller = scrollerAround(element);
+    const auto grip = scroller ? scroller.touchPoint() : std::nullopt;
+    if (!grip) {
+        return false;
+    }
+    const Rect seen = scroller.rect();
+    const Rect wanted = element.rect();
+    const auto way = [](double distance, long length) {
+        const double most = static_cast<double>(length) * partOfScroller;
+        return std::clamp(-distance, -most, most);
+    };
+    const Point from{middle(seen.x, seen.width), middle(seen.y, seen.height)};
+    const Point to{from.x + way(middle(wanted.x, wanted.width) - from.x, seen.width),
+                   from.y + way(middle(wanted.y, wanted.height) - from.y, seen.height)};
+    drag(session, from, to, dragSeconds);
+    return true;
+}
+
+} // namespace
+
+void checkOnScreen(Session& session, const Point& point) {
+    const Rect screen = session.tree().application().rect();
+    if (!(point.x >= 0 && point.y >= 0 && point.x <= static_cast<double>(screen.width) &&
+          point.y <= static_cast<double>(screen.height))) {
+        throw Refusal(Error::InvalidCoordinates, "the point lies beyond the screen of " + std::to_string(screen.width) +
+                                                     " by " + std::to_string(screen.height) + " points");
+    }
+}
+
+Point reach(Session& session, const std::string& reference) {
+    std::optional<Rect> last;
+    for (int drags = 0;; ++drags) {
+        const AccessibilityTree tree = session.tree();
+        const Element element = session.element(tree, reference);
+        if (const auto point = element.touchPoint()) {
+            return *point;
+        }
+        const Rect rect = element.rect();
+        const bool moved = !last || last->x != rect.x || last->y != rect.y;
+        if (!moved || drags == mostDrags || !bringNearer(session, element)) {
+            throw Refusal(Error::InvalidElementState, element.isVisible()
+                                                          ? "something covers the element, or it takes no touches"
+                                                          : "the element is hidden or out of sight");
+        }
+        last = rect;
+    }
+}
+
+void touchAt(Session& session, const Point& point, double seconds) {
+    session.putFinger(Screen::Phase::Began, point);
+    session.phone().advance(seconds);
+    session.putFinger(Screen::Phase::Ended, point);
+    session.settle();
+}
+
+void drag(Session& session, const Point& from, const Point& to, double seconds) {
+    const int steps = std::clamp(static_cast<int>(std::ceil(seconds / Engine::swipeStep)), 1, 600);
+    session.putFinger(Screen::Phase::Began, from);
+    for (int step = 1; step <= steps; ++step) {
+        const double part = static_cast<double>(step) / steps;
+        session.phone().advance(seconds / steps);
+        session.putFinger(Screen::Phase::Moved, {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part});
+    }
+    session.putFinger(Screen::Phase::Ended, to);
+    session.settle();
+}
+
+} // namespace phone::webdriver

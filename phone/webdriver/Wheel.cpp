@@ -1,0 +1,68 @@
+#include "phone/webdriver/Wheel.h"
+
+#include "phone/device/WheelRow.h"
+#include "phone/flow/LocalTime.h"
+#include "phone/webdriver/Reach.h"
+
+#include <cstdlib>
+
+namespace phone::webdriver {
+
+namespace {
+
+constexpr long farthest = 60; // rows that are looked through in either direction
+
+std::string shownValue(Session& session, const std::string& reference) {
+    const AccessibilityTree tree = session.tree();
+    return session.element(tree, reference).value().value_or("");
+}
+
+} // namespace
+
+void turnWheel(Session& session, const std::string& reference, long rows) {
+    const Point from = reach(session, reference);
+    int quarters = 0;
+    {
+        const AccessibilityTree tree = session.tree();
+        quarters = session.element(tree, reference).quarterTurns();
+    }
+    // Later rows lie below: the finger goes up for them, as the wheel stands.
+    const double length = static_cast<double>(rows) * wheelRowHeight;
+    const Point ways[] = {{0, -length}, {length, 0}, {0, length}, {-length, 0}};
+    const Point& way = ways[quarters % 4];
+    drag(session, from, {from.x + way.x, from.y + way.y}, Engine::rowSeconds * static_cast<double>(std::labs(rows)));
+    session.phone().settle();
+}
+
+void turnWheelTo(Session& session, const std::string& reference, const std::string& value) {
+    std::string shown = shownValue(session, reference);
+    for (const long direction : {1L, -1L}) {
+        const long most = direction > 0 ? farthest : 2 * farthest; // back over what was turned forward
+        for (long turned = 0; turned < most && shown != value && !session.isOver(); ++turned) {
+            turnWheel(session, reference, direction);
+            const std::string now = shownValue(session, reference);
+            if (now == shown) {
+                break; // the end of the wheel
+            }
+            shown = now;
+        }
+    }
+    if (shown != value) {
+        throw Refusal(Error::InvalidArgument,
+                      "the wheel shows \"" + shown + "\" and has no row \"" + value + "\" near it");
+    }
+}
+
+void pickDate(Session& session, const std::string& localTime) {
+    if (!isLocalTime(localTime)) {
+        throw Refusal(Error::InvalidArgument, "a date picker takes a local time like 2026-05-16T09:00");
+    }
+    const LivePhone::Finger finger(session.phone());
+    try {
+        session.engine().pickDate(localTime);
+    } catch (const CommandFailure& failure) {
+        throw Refusal(Error::InvalidElementState, failure.what());
+    }
+}
+
+} // namespace phone::webdriver
