@@ -7,6 +7,8 @@
 
 #include <httplib.h>
 
+#include <sys/socket.h>
+
 namespace phone {
 
 namespace {
@@ -46,10 +48,7 @@ public:
     Implementation(LivePhone& phone, int port) : _protocol(phone) {
         setLimits();
         _http.new_task_queue = [] { return new Connections; }; // the server deletes it
-        _port = port == 0 ? _http.bind_to_any_port(loopback) : port;
-        if (_port < 0 || (port != 0 && !_http.bind_to_port(loopback, port))) {
-            throw InputError("port " + std::to_string(port) + " is taken; choose another with --port");
-        }
+        listen(port);
         _http.set_pre_routing_handler(
             [this](const Request& request, Response& response) { return guard(request, response); });
         _http.set_error_handler([](const Request&, Response& response) {
@@ -77,6 +76,22 @@ public:
     }
 
 private:
+    void listen(int port) {
+        int listening = -1;
+        _http.set_socket_options([&](socket_t socket) {
+            const int yes = 1; // but not SO_REUSEPORT: two servers at one port would take turns
+            setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+            listening = socket;
+        });
+        const bool bound =
+            port == 0 ? (_port = _http.bind_to_any_port(loopback)) > 0 : _http.bind_to_port(loopback, port);
+        if (!bound) {
+            throw InputError("port " + std::to_string(port) + " cannot be had; choose another with --port");
+        }
+        _port = port == 0 ? _port : port;
+        ::listen(listening, SOMAXCONN); // the library lets five clients wait
+    }
+
     void setLimits() {
         _http.set_payload_max_length(longestBody);
         _http.set_read_timeout(readSeconds);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <random>
+#include <set>
 
 namespace phone::webdriver {
 
@@ -57,6 +58,13 @@ json parsed(const std::string& body) {
         throw Refusal(Error::InvalidArgument, "the request's body has to be a JSON object");
     }
     return read;
+}
+
+/// Whether it is one of the paths that do not stand among the routes.
+bool isFixed(const std::vector<std::string>& parts) {
+    static const std::set<std::vector<std::string>> paths = {
+        {"status"}, {"wda", "healthcheck"}, {"session"}, {"sessions"}, {"appium", "sessions"}};
+    return paths.contains(parts);
 }
 
 bool takesABody(const std::string& method) { return method == "POST" || method == "PUT" || method == "PATCH"; }
@@ -134,7 +142,7 @@ json Protocol::perform(Request& request) {
 }
 
 json Protocol::performRoute(Request& request, const std::vector<std::string>& parts, bool hasSession) {
-    bool isKnown = parts.empty() && hasSession;
+    bool isKnown = hasSession ? parts.empty() : isFixed(parts);
     for (const Route& route : routes()) {
         if ((!hasSession && !route.needsNoSession) || !matches(route, parts, request.call)) {
             continue;
