@@ -1,6 +1,6 @@
 #include "phone/webdriver/Routes.h"
 
-#include <sstream>
+#include <algorithm>
 
 namespace phone::webdriver {
 
@@ -103,17 +103,18 @@ const std::vector<Route>& routes() {
 
 std::vector<std::string> pathParts(const std::string& path) {
     std::vector<std::string> parts;
-    std::istringstream stream(path);
-    for (std::string part; std::getline(stream, part, '/');) {
-        if (!part.empty()) {
-            parts.push_back(part);
+    for (std::size_t start = 0; start < path.size();) {
+        const std::size_t end = std::min(path.find('/', start), path.size());
+        if (end > start) {
+            parts.push_back(path.substr(start, end - start));
         }
+        start = end + 1;
     }
     return parts;
 }
 
 bool matches(const Route& route, const std::vector<std::string>& parts, Call& call) {
-    const auto wanted = pathParts(route.path);
+    const auto& wanted = route.parts;
     if (wanted.size() != parts.size()) {
         return false;
     }

@@ -15,7 +15,7 @@ protected:
     /// A route's path with something in the place of its parameters.
     std::string pathOf(const Route& route, const std::string& element = "E1-1") const {
         std::string path = session;
-        for (const std::string& part : pathParts(route.path)) {
+        for (const std::string& part : route.parts) {
             path += "/" + (part == "{element}" ? element : part.front() == '{' ? "label" : part);
         }
         return path;
