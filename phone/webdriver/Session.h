@@ -30,6 +30,9 @@ public:
     };
 
     Session(LivePhone& phone, std::string id) : _phone(phone), _id(std::move(id)) {}
+    ~Session() { finish(); }
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
 
     const std::string& id() const { return _id; }
     LivePhone& phone() const { return _phone; }
