@@ -101,6 +101,11 @@ std::string typed(const Call& call) {
     return all;
 }
 
+/// Shows a value at all times, which a new one takes the place of.
+bool isPicker(const std::string& type) {
+    return type == "XCUIElementTypePickerWheel" || type == "XCUIElementTypeDatePicker";
+}
+
 bool isTextInput(const std::string& type) {
     return type == "XCUIElementTypeTextField" || type == "XCUIElementTypeTextView" ||
            type == "XCUIElementTypeSecureTextField" || type == "XCUIElementTypeSearchField";
@@ -170,6 +175,9 @@ json click(Session& session, const Call& call) {
 json clear(Session& session, const Call& call) {
     const std::string on = reference(call);
     const Seen before = see(session, on);
+    if (isPicker(before.type)) {
+        return nullptr; // clients clear before they set a value
+    }
     if (!isTextInput(before.type)) {
         throw Refusal(Error::InvalidElementState, before.type + " holds no text that could be cleared");
     }
