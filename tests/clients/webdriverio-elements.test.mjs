@@ -4,7 +4,6 @@ import { test } from 'node:test';
 
 import { withPhone } from './phone.mjs';
 import { connect, onPhone, onSheet } from './webdriverio.mjs';
-import { withPhone } from './phone.mjs';
 
 const isPicture = (base64) => Buffer.from(base64, 'base64').subarray(1, 4).toString() === 'PNG';
 
