@@ -14,20 +14,27 @@ const executable = process.env.PHONE;
 /// Serves a new phone while `body` runs. `options` are those of `phone serve`: {device: 'ipad'}.
 export async function withPhone(options, body) {
     const root = mkdtempSync(join(tmpdir(), 'phone-client-'));
-    execFileSync(executable, ['new', '--root', root]);
+    try {
+        execFileSync(executable, ['new', '--root', root]);
+        await whileServed(root, options, async (port) => body({
+            port,
+            records: () => JSON.parse(execFileSync(executable, ['records', '--root', root, '--json'])),
+        }));
+    } finally {
+        rmSync(root, { recursive: true });
+    }
+}
+
+async function whileServed(root, options, body) {
     const words = Object.entries({ zone: 'Europe/Berlin', ...options }).flatMap(([name, value]) => [`--${name}`, value]);
     const server = spawn(executable, ['serve', '--root', root, '--port', '0', ...words],
                          { stdio: ['ignore', 'pipe', 'inherit'] });
     const ended = new Promise((resolve) => server.once('exit', resolve));
     try {
-        await body({
-            port: await portOf(server),
-            records: () => JSON.parse(execFileSync(executable, ['records', '--root', root, '--json'])),
-        });
+        await body(await portOf(server));
     } finally {
         server.kill();
         await ended;
-        rmSync(root, { recursive: true });
     }
 }
 
