@@ -26,10 +26,8 @@ public:
             refuse(_where, "a source is an object with type, id and actions");
         }
         _type = textOf(source, "type", _where);
-        if (_type != "pointer" && _type != "key" && _type != "none") {
-            _type == "wheel" ? throw Refusal(Error::UnsupportedOperation, _where + ": a phone has no wheel; use a "
-                                                                                   "pointer")
-                             : refuse(_where, "\"type\" has to be pointer, key or none");
+        if (_type != "pointer" && _type != "key" && _type != "none" && _type != "wheel") {
+            refuse(_where, "\"type\" has to be pointer, key or none");
         }
     }
 
@@ -89,6 +87,9 @@ private:
         }
         if (_type == "key") {
             return keyItem(action, what, where);
+        }
+        if (_type == "wheel") { // it may stand there and pause, as clients send it with everything
+            throw Refusal(Error::UnsupportedOperation, where + ": a phone has no wheel; use a pointer");
         }
         refuse(where, "a source of type none can only pause, not " + what);
     }

@@ -22,6 +22,7 @@ json attribute(Session& session, const Call& call);
 json isDisplayed(Session& session, const Call& call);
 json isEnabled(Session& session, const Call& call);
 json isSelected(Session& session, const Call& call);
+json isFocused(Session& session, const Call& call);
 json isAccessible(Session& session, const Call& call);
 
 // Hands.
@@ -89,6 +90,7 @@ json settings(Session& session, const Call& call);
 json changeSettings(Session& session, const Call& call);
 json context(Session& session, const Call& call);
 json contexts(Session& session, const Call& call);
+json describeContexts(Session& session, const Call& call);
 json setContext(Session& session, const Call& call);
 json execute(Session& session, const Call& call);
 

@@ -101,6 +101,10 @@ json isSelected(Session& session, const Call& call) {
     return asked(session, call, [](const Element& element) -> json { return element.isSelected(); });
 }
 
+json isFocused(Session& session, const Call& call) {
+    return asked(session, call, [](const Element& element) -> json { return element.isFocused(); });
+}
+
 json isAccessible(Session& session, const Call& call) {
     return asked(session, call, [](const Element& element) -> json { return element.isAccessible(); });
 }

@@ -76,29 +76,35 @@ void type(Session& session, const std::string& utf8) {
     session.settle();
 }
 
-/// What is to be typed: "text", or "value" as a text, a number or a list of texts.
+/// What is to be typed: "text", or "value" or "keys" as a text, a number or a list of texts.
 std::string typed(const Call& call) {
     if (call.has("text")) {
         return call.text("text");
     }
-    if (!call.has("value")) {
-        throw Refusal(Error::InvalidArgument, "\"text\" or \"value\" says what is to be typed");
+    const char* key = call.has("keys") ? "keys" : "value";
+    if (!call.has(key)) {
+        throw Refusal(Error::InvalidArgument, R"("text", "value" or "keys" says what is to be typed)");
     }
-    const json& value = call.body.at("value");
+    const json& value = call.body.at(key);
     if (value.is_number()) {
         return value.dump();
     }
     if (!value.is_array()) {
-        return call.text("value");
+        return call.text(key);
     }
     std::string all;
     for (const json& part : value) {
         if (!part.is_string()) {
-            throw Refusal(Error::InvalidArgument, "\"value\" is a list of texts");
+            throw Refusal(Error::InvalidArgument, std::string("\"") + key + "\" is a list of texts");
         }
         all += part.get<std::string>();
     }
     return all;
+}
+
+/// Shows a value at all times, which a new one takes the place of.
+bool isPicker(const std::string& type) {
+    return type == "XCUIElementTypePickerWheel" || type == "XCUIElementTypeDatePicker";
 }
 
 bool isTextInput(const std::string& type) {
@@ -170,6 +176,9 @@ json click(Session& session, const Call& call) {
 json clear(Session& session, const Call& call) {
     const std::string on = reference(call);
     const Seen before = see(session, on);
+    if (isPicker(before.type)) {
+        return nullptr; // clients clear before they set a value
+    }
     if (!isTextInput(before.type)) {
         throw Refusal(Error::InvalidElementState, before.type + " holds no text that could be cleared");
     }

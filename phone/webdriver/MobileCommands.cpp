@@ -25,6 +25,10 @@ constexpr std::array entries = {
     Entry{"isKeyboardShown", isKeyboardShown},
     Entry{"setPasteboard", setPasteboard},
     Entry{"getPasteboard", getPasteboard},
+    // As clients name the same for phones of every make.
+    Entry{"setClipboard", setPasteboard},
+    Entry{"getClipboard", getPasteboard},
+    Entry{"getContexts", describeContexts},
     Entry{"source", source},
     Entry{"deviceScreenInfo", screenInfo},
     Entry{"deviceInfo", deviceInfo},

@@ -13,6 +13,8 @@ constexpr const char* native = "NATIVE_APP";
 /// The scripts by which one client asks what other clients have routes for begin with these.
 constexpr std::string_view asksDisplayed = "/* isDisplayed */";
 constexpr std::string_view asksAttribute = "/* getAttribute */";
+/// And the one that asks whether an element is being edited compares it with this.
+constexpr std::string_view edited = "=== document.activeElement";
 constexpr std::string_view mobile = "mobile:";
 
 double timeout(const Call& call, const char* key, double now) {
@@ -88,6 +90,8 @@ json context(Session&, const Call&) { return native; }
 
 json contexts(Session&, const Call&) { return json::array({native}); }
 
+json describeContexts(Session&, const Call&) { return json::array({{{"id", native}}}); }
+
 json setContext(Session&, const Call& call) {
     if (call.text("name") != native) {
         throw Refusal(Error::InvalidArgument, "the phone application has the context NATIVE_APP only");
@@ -108,6 +112,9 @@ json execute(Session& session, const Call& call) {
     }
     if (script.starts_with(asksAttribute)) {
         return askedByScript(session, call, attribute);
+    }
+    if (script.find(edited) != std::string::npos) {
+        return askedByScript(session, call, isFocused);
     }
     throw Refusal(Error::UnsupportedOperation,
                   "a phone application runs no scripts; what it can do has commands like \"mobile: tap\"");

@@ -4,7 +4,9 @@
 #include "phone/flow/LocalTime.h"
 #include "phone/webdriver/Reach.h"
 
+#include <charconv>
 #include <cstdlib>
+#include <optional>
 
 namespace phone::webdriver {
 
@@ -15,6 +17,20 @@ constexpr long farthest = 60; // rows that are looked through in either directio
 std::string shownValue(Session& session, const std::string& reference) {
     const AccessibilityTree tree = session.tree();
     return session.element(tree, reference).value().value_or("");
+}
+
+std::optional<int> number(const std::string& text) {
+    int number = 0;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    return read.ec == std::errc() && read.ptr == end ? std::optional(number) : std::nullopt;
+}
+
+/// 1 to later rows, -1 to earlier ones: lower numbers stand before higher ones.
+long likelyDirection(const std::string& from, const std::string& to) {
+    const auto start = number(from);
+    const auto end = number(to);
+    return start && end && *end < *start ? -1 : 1;
 }
 
 } // namespace
@@ -35,16 +51,20 @@ void turnWheel(Session& session, const std::string& reference, long rows) {
 }
 
 void turnWheelTo(Session& session, const std::string& reference, const std::string& value) {
-    std::string shown = shownValue(session, reference);
-    for (const long direction : {1L, -1L}) {
-        const long most = direction > 0 ? farthest : 2 * farthest; // back over what was turned forward
-        for (long turned = 0; turned < most && shown != value && !session.isOver(); ++turned) {
+    const std::string first = shownValue(session, reference);
+    const long likely = likelyDirection(first, value);
+    std::string shown = first;
+    bool wentRound = false;
+    for (const long direction : {likely, -likely}) {
+        const long most = direction == likely ? farthest : 2 * farthest; // back over what was turned before
+        for (long turned = 0; turned < most && shown != value && !wentRound && !session.isOver(); ++turned) {
             turnWheel(session, reference, direction);
             const std::string now = shownValue(session, reference);
             if (now == shown) {
                 break; // the end of the wheel
             }
             shown = now;
+            wentRound = direction == likely && shown == first;
         }
     }
     if (shown != value) {
