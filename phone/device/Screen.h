@@ -28,7 +28,8 @@ public:
     void touch(Phase phase, double x, double y);
     /// Characters through the key entry, one composed character at a time.
     void type(const std::string& text);
-    /// "enter" or "backspace"; of a connected keyboard also "delete" (what is behind the caret), "left" and "right".
+    /// "enter" or "backspace"; of a connected keyboard also "delete" (what is behind the caret),
+    /// "left", "right", "home" and "end".
     void key(const std::string& name);
     /// Moves the animation clock.
     void advance(double seconds);

@@ -23,6 +23,17 @@ std::string Element::text() const {
     return "";
 }
 
+Point Element::corner() const {
+    Point point;
+    std::istringstream text(std::string(_node.attribute("nativeFrame").value()));
+    text.imbue(std::locale::classic());
+    text.ignore(2); // {{
+    text >> point.x;
+    text.ignore(1); // ,
+    text >> point.y;
+    return point;
+}
+
 Rect Element::rect() const {
     return {_node.attribute("x").as_int(), _node.attribute("y").as_int(), _node.attribute("width").as_int(),
             _node.attribute("height").as_int()};

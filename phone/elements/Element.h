@@ -45,6 +45,8 @@ public:
     std::string text() const;
 
     Rect rect() const;
+    /// The upper left corner as it is, not in whole points.
+    Point corner() const;
     bool isEnabled() const { return _node.attribute("enabled").as_bool(); }
     bool isVisible() const { return _node.attribute("visible").as_bool(); }
     /// Whether a screen reader stops at it.

@@ -111,6 +111,30 @@ private:
     posix_spawn_file_actions_t _actions{};
 };
 
+/// A process that is not touched by what the driver does with its signals, nor by those that its terminal sends.
+class SpawnAttributes {
+public:
+    SpawnAttributes() {
+        posix_spawnattr_init(&_attributes);
+        sigset_t none;
+        sigset_t usual;
+        sigemptyset(&none);
+        sigfillset(&usual);
+        posix_spawnattr_setsigmask(&_attributes, &none);
+        posix_spawnattr_setsigdefault(&_attributes, &usual);
+        posix_spawnattr_setpgroup(&_attributes, 0);
+        posix_spawnattr_setflags(&_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
+    }
+    ~SpawnAttributes() { posix_spawnattr_destroy(&_attributes); }
+    SpawnAttributes(const SpawnAttributes&) = delete;
+    SpawnAttributes& operator=(const SpawnAttributes&) = delete;
+
+    const posix_spawnattr_t* get() const { return &_attributes; }
+
+private:
+    posix_spawnattr_t _attributes{};
+};
+
 } // namespace
 
 std::string ApplicationProcess::executableBesideThis() {
@@ -162,8 +186,9 @@ void ApplicationProcess::launch(const Start& start) {
 
     auto words = arguments(start);
     auto variables = environment(start);
-    const int error = posix_spawn(&_process, start.executable.c_str(), actions.get(), nullptr, pointers(words).data(),
-                                  pointers(variables).data());
+    const SpawnAttributes attributes;
+    const int error = posix_spawn(&_process, start.executable.c_str(), actions.get(), attributes.get(),
+                                  pointers(words).data(), pointers(variables).data());
     close(ends[1]);
     if (display >= 0) {
         close(display);

@@ -25,6 +25,8 @@ using Seconds = duration<double>;
 constexpr Seconds longestSettling{60}; // what moves for longer moves for ever
 constexpr milliseconds longestLook{100};
 constexpr milliseconds fingerPatience{10000};
+constexpr milliseconds answerPatience{20000};
+constexpr Seconds longestWait{3600}; // between two looks at the clock; further away nothing can be reckoned
 
 double hostTime() { return Seconds(std::chrono::system_clock::now().time_since_epoch()).count(); }
 
@@ -77,7 +79,7 @@ void LivePhone::launch(const LaunchSettings& settings) {
 
 void LivePhone::stop() {
     if (status().life == Life::Running) {
-        waitUntilNothingMoves();
+        waitUntilNothingMoves(longestSettling);
     }
     const std::lock_guard lock(_mutex);
     end();
@@ -98,6 +100,7 @@ void LivePhone::start() {
                                                                            .now = _standingClock.value_or(hostTime()),
                                                                            .clockRuns = !_standingClock,
                                                                            .display = _glass->descriptor()});
+        _process->setPatience(answerPatience);
         _now = Clock::now();
         wakeTimekeeper();       // to watch over this process
         ask({{"do", "state"}}); // says what is due
@@ -140,10 +143,29 @@ nlohmann::json LivePhone::request(const nlohmann::json& command) {
         return {{"ok", true}};
     }
     if (what == "settle") {
-        waitUntilNothingMoves();
+        waitUntilNothingMoves(longestSettling);
     }
     const std::lock_guard lock(_mutex);
+    if (what == "touch") {
+        _lastTouch = Clock::now();
+        _lastTouchAt = command;
+    }
     return perform(command);
+}
+
+void LivePhone::rest(double longest) {
+    waitUntilNothingMoves(std::min(Seconds(longest), longestSettling));
+    const std::lock_guard lock(_mutex);
+    if (!_moving) {
+        perform({{"do", "settle"}}); // what waits for the end of movement
+    }
+}
+
+void LivePhone::interrupt() {
+    const std::lock_guard lock(_mutex);
+    _closing = true;
+    changed();
+    wakeTimekeeper();
 }
 
 void LivePhone::chooseClock(std::optional<double> moment) {
@@ -178,15 +200,16 @@ nlohmann::json LivePhone::ask(const nlohmann::json& command) {
         _moving = answer.value("moving", false);
         _due.reset();
         if (answer.contains("next")) {
-            const Seconds wait(answer.at("next").get<double>());
+            const Seconds wait = std::min(Seconds(answer.at("next").get<double>()), longestWait);
             _due = _now + std::chrono::ceil<Clock::duration>(wait);
             wakeTimekeeper();
         }
         return answer;
     } catch (const ApplicationDied& death) {
         died(death.what());
-        throw;
     }
+    checkRunning(); // says what it died of, and what to do
+    return {};
 }
 
 void LivePhone::catchUp() {
@@ -223,7 +246,7 @@ void LivePhone::checkRunning() const {
 }
 
 void LivePhone::letTimePass(double seconds) {
-    const auto until = Clock::now() + std::chrono::ceil<Clock::duration>(Seconds(seconds));
+    const auto until = Clock::now() + std::chrono::ceil<Clock::duration>(std::min(Seconds(seconds), longestWait));
     std::unique_lock lock(_mutex);
     checkRunning();
     while (!_closing && Clock::now() < until) {
@@ -233,8 +256,8 @@ void LivePhone::letTimePass(double seconds) {
     catchUp();
 }
 
-void LivePhone::waitUntilNothingMoves() {
-    const auto last = Clock::now() + longestSettling;
+void LivePhone::waitUntilNothingMoves(Seconds longest) {
+    const auto last = Clock::now() + std::chrono::ceil<Clock::duration>(longest);
     std::unique_lock lock(_mutex);
     for (;;) {
         checkRunning();
@@ -272,7 +295,11 @@ void LivePhone::keepTime() {
                 catchUp();
             }
         } catch (const ApplicationDied& death) {
-            died(death.what());
+            if (_process) { // it is seen here first
+                died(death.what());
+            }
+        } catch (const std::exception&) {
+            _due.reset(); // what was due was refused; the next answer says when something is
         }
     }
 }
@@ -295,18 +322,46 @@ bool LivePhone::isMoving() const {
     return _moving;
 }
 
+bool LivePhone::isFingerDown() const {
+    const std::lock_guard lock(_mutex);
+    return _finger != 0;
+}
+
 LivePhone::Finger::Finger(LivePhone& phone) : _phone(phone) {
     std::unique_lock lock(_phone._mutex);
-    if (!_phone._news.wait_for(lock, fingerPatience, [&] { return !_phone._fingerDown; })) {
-        throw ScreenError("another finger has been on the screen for too long");
+    while (_phone._finger != 0 && !_phone._closing) {
+        const auto last = _phone._lastTouch + fingerPatience;
+        if (Clock::now() >= last) {
+            _phone.takeFingerAway();
+        } else {
+            _phone._news.wait_until(lock, last);
+        }
     }
-    _phone._fingerDown = true;
+    _number = _phone._finger = ++_phone._fingers;
+    _launch = _phone._launches;
+    _phone._lastTouch = Clock::now();
 }
 
 LivePhone::Finger::~Finger() {
     const std::lock_guard lock(_phone._mutex);
-    _phone._fingerDown = false;
-    _phone._news.notify_all();
+    if (_phone._finger == _number) {
+        _phone._finger = 0;
+        _phone._news.notify_all();
+    }
+}
+
+bool LivePhone::Finger::isHeld() const {
+    const std::lock_guard lock(_phone._mutex);
+    return _phone._finger == _number && _phone._launches == _launch && _phone._process;
+}
+
+void LivePhone::takeFingerAway() {
+    _finger = 0;
+    if (_process && _lastTouchAt.is_object()) {
+        nlohmann::json cancelled = _lastTouchAt;
+        cancelled["phase"] = "cancelled";
+        perform(cancelled);
+    }
 }
 
 } // namespace phone

@@ -65,17 +65,30 @@ public:
     /// Whether something moves by itself right now.
     bool isMoving() const;
 
+    /// Waits until nothing moves any more, for so many seconds at most.
+    void rest(double longest);
+    /// Ends whatever waits, now and from now on: before the phone goes.
+    void interrupt();
+
+    /// Whether somebody has the finger.
+    bool isFingerDown() const;
+
     /// The one finger that fits on the screen: who has it touches undisturbed.
     class Finger {
     public:
-        /// Waits for it. Throws ScreenError when others keep it too long.
+        /// Waits for it. One that rests in the same place for too long is taken away from whoever has it.
         explicit Finger(LivePhone& phone);
         ~Finger();
         Finger(const Finger&) = delete;
         Finger& operator=(const Finger&) = delete;
 
+        /// Whether it is still this one's: not taken away, and the application still that of the beginning.
+        bool isHeld() const;
+
     private:
         LivePhone& _phone;
+        std::uint64_t _number = 0;
+        std::uint64_t _launch = 0;
     };
 
 private:
@@ -88,9 +101,10 @@ private:
     void died(const std::string& epitaph);
     void changed();
     void checkRunning() const;
+    void takeFingerAway();
 
     void letTimePass(double seconds);
-    void waitUntilNothingMoves();
+    void waitUntilNothingMoves(std::chrono::duration<double> longest);
     void keepTime();
     void wakeTimekeeper() const;
 
@@ -109,7 +123,10 @@ private:
     Clock::time_point _now;                // up to where the animation clock has come
     std::optional<Clock::time_point> _due; // of the application's next timer
     bool _moving = false;
-    bool _fingerDown = false;
+    std::uint64_t _fingers = 0;   // how often it has been taken
+    std::uint64_t _finger = 0;    // which of these has it; 0 for none
+    Clock::time_point _lastTouch; // when it was last taken or moved
+    nlohmann::json _lastTouchAt;  // its command
     bool _closing = false;
 
     int _alarm = -1; // wakes the timekeeper

@@ -5,6 +5,12 @@
 
 namespace phone {
 
+namespace {
+
+constexpr std::chrono::milliseconds longestPause{100};
+
+} // namespace
+
 void Connections::enqueue(std::function<void()> work) {
     {
         const std::lock_guard lock(_mutex);
@@ -15,14 +21,17 @@ void Connections::enqueue(std::function<void()> work) {
         --_running;
         _done.notify_all();
     };
-    try {
-        std::thread([work, leave] {
-            work();
-            leave();
-        }).detach();
-    } catch (const std::system_error&) {
-        work(); // no thread to be had: the others wait this once
-        leave();
+    for (;;) {
+        try {
+            std::thread([work, leave] {
+                work();
+                leave();
+            }).detach();
+            return;
+        } catch (const std::system_error&) { // none to be had: until another ends
+            std::unique_lock lock(_mutex);
+            _done.wait_for(lock, longestPause);
+        }
     }
 }
 

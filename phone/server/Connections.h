@@ -10,7 +10,7 @@ namespace phone {
 
 class Connections : public httplib::TaskQueue {
 public:
-    /// Runs the work on a thread of its own; where there is none to be had, at once.
+    /// Runs the work on a thread of its own, as soon as one can be had.
     void enqueue(std::function<void()> work) override;
     /// Waits until all work is done.
     void shutdown() override;

@@ -7,7 +7,7 @@ namespace phone {
 
 namespace {
 
-constexpr std::array<const char*, 3> names = {"127.0.0.1", "localhost", "[::1]"};
+constexpr std::array<const char*, 2> names = {"127.0.0.1", "localhost"};
 
 std::string lowered(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),

@@ -5,11 +5,14 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <future>
 #include <thread>
 
 namespace phone {
 
 namespace {
+
+constexpr std::chrono::seconds farewell{2};
 
 /// Blocks what ends the program, for all its threads from now on, so that one can wait for it.
 sigset_t blockEndings() {
@@ -39,8 +42,20 @@ int serve(const std::string& root, const LaunchSettings& settings, int port) {
     std::fflush(stdout);
     int signal = 0;
     sigwait(&endings, &signal);
+    phone.interrupt();
     server.stop();
-    serving.join();
+    // Clients that are in the middle of something get a moment; then the program ends with them.
+    std::promise<void> ended;
+    auto end = ended.get_future();
+    std::thread([&] {
+        serving.join();
+        ended.set_value();
+    }).detach();
+    if (end.wait_for(farewell) == std::future_status::timeout) {
+        phone.stop();
+        std::fflush(nullptr);
+        std::_Exit(EXIT_SUCCESS);
+    }
     return EXIT_SUCCESS;
 }
 

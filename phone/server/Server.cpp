@@ -20,6 +20,7 @@ constexpr std::size_t longestBody = 4 << 20; // bytes
 constexpr int readSeconds = 10;              // for a part of a request to come
 constexpr int writeSeconds = 10;
 constexpr std::size_t requestsPerConnection = 100000;
+constexpr int forbidden = 403;
 constexpr const char* loopback = "127.0.0.1";
 constexpr const char* everyPath = R"([\s\S]*)";
 
@@ -29,11 +30,23 @@ void send(Response& response, const webdriver::Answer& answer) {
     response.set_header("Cache-Control", "no-store");
 }
 
+/// The same for a request whose body nobody reads: what is left of it must not be taken for the next request.
+void sendAndHangUp(Response& response, const webdriver::Answer& answer) {
+    response.status = answer.status;
+    response.set_header("Connection", "close");
+    response.set_content_provider("application/json; charset=utf-8",
+                                  [body = answer.body](std::size_t, httplib::DataSink& sink) {
+                                      sink.write(body.data(), body.size());
+                                      return false; // ends the connection, and with it the answer
+                                  });
+}
+
 /// What went wrong before the protocol saw the request.
 webdriver::Answer refusalOf(int status) {
     switch (status) {
     case 413:
-        return webdriver::refusal(status, "invalid argument", "the request is larger than 4 MiB");
+        return webdriver::refusal(status, "invalid argument",
+                                  "the request is larger than 4 MiB, or a form; send it as application/json");
     case 414:
         return webdriver::refusal(status, "invalid argument", "the request's path is too long");
     default:
@@ -52,7 +65,7 @@ public:
         _http.set_pre_routing_handler(
             [this](const Request& request, Response& response) { return guard(request, response); });
         _http.set_error_handler([](const Request&, Response& response) {
-            if (response.body.empty()) {
+            if (response.body.empty() && !response.content_provider_) {
                 send(response, refusalOf(response.status));
             }
         });
@@ -105,12 +118,11 @@ private:
                                      .origin = request.get_header_value("Origin"),
                                      .site = request.get_header_value("Sec-Fetch-Site")},
                                     _port);
-        if (!why) {
-            return httplib::Server::HandlerResponse::Unhandled;
+        if (why) {
+            sendAndHangUp(response, webdriver::refusal(forbidden, "unknown error", *why));
+            return httplib::Server::HandlerResponse::Handled;
         }
-        constexpr int forbidden = 403;
-        send(response, webdriver::refusal(forbidden, "unknown error", *why));
-        return httplib::Server::HandlerResponse::Handled;
+        return httplib::Server::HandlerResponse::Unhandled;
     }
 
     httplib::Server _http;

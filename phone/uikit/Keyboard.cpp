@@ -62,11 +62,16 @@ void pressKey(const std::string& name) {
     } else if (name == "delete") {
         Edited()->eraseForward();
     } else if (name == "left") {
-        Edited()->moveCaret(TextDirection::Back);
+        Edited()->moveCaret(CaretMove::Back);
     } else if (name == "right") {
-        Edited()->moveCaret(TextDirection::Forth);
+        Edited()->moveCaret(CaretMove::Forth);
+    } else if (name == "home") {
+        Edited()->moveCaret(CaretMove::Start);
+    } else if (name == "end") {
+        Edited()->moveCaret(CaretMove::End);
     } else {
-        throw std::runtime_error("there is no key \"" + name + "\": enter, backspace, delete, left or right");
+        throw std::runtime_error("there is no key \"" + name +
+                                 "\": enter, backspace, delete, left, right, home or end");
     }
 }
 

@@ -16,8 +16,8 @@ namespace phone {
 void typeCharacter(const std::string& utf8);
 /// Types a text character by character.
 void typeText(const std::string& utf8);
-/// "enter" or "backspace"; "delete", "left" and "right" are those of a connected keyboard. Throws std::runtime_error
-/// for another name, or when no text is being edited.
+/// "enter" or "backspace"; "delete", "left", "right", "home" and "end" are those of a connected keyboard. Throws
+/// std::runtime_error for another name, or when no text is being edited.
 void pressKey(const std::string& name);
 /// Puts the keyboard away as a person can: by the tablet's own key, or by a return key that reads Done.
 /// Throws std::runtime_error where there is no such key.

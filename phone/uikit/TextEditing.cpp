@@ -55,8 +55,17 @@ bool TextEditing::eraseForward() {
     return range.length > 0 && change(range, ""_ns);
 }
 
-void TextEditing::moveCaret(TextDirection direction) {
-    placeCaret(direction == TextDirection::Back ? beforeCaret().location : behindCaret().end());
+void TextEditing::moveCaret(CaretMove move) {
+    switch (move) {
+    case CaretMove::Back:
+        return placeCaret(beforeCaret().location);
+    case CaretMove::Forth:
+        return placeCaret(behindCaret().end());
+    case CaretMove::Start:
+        return placeCaret(0);
+    case CaretMove::End:
+        return placeCaret(_text.length());
+    }
 }
 
 NSRange TextEditing::behindCaret() const {

@@ -47,8 +47,8 @@ public:
     bool erase();
     /// The selection, or else the character behind the caret; at the end of the text nothing happens.
     bool eraseForward();
-    /// By one character; a selection is left at that end.
-    void moveCaret(TextDirection direction);
+    /// A selection is left at the end that the caret goes to.
+    void moveCaret(CaretMove move);
 
 private:
     NSRange beforeCaret() const;

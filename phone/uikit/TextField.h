@@ -23,7 +23,7 @@ public:
     void enter(const NSString& text) override;
     void eraseBackward() override { _editing.erase(); }
     void eraseForward() override { _editing.eraseForward(); }
-    void moveCaret(TextDirection direction) override { _editing.moveCaret(direction); }
+    void moveCaret(CaretMove move) override { _editing.moveCaret(move); }
     void pressReturn() override;
     UIReturnKeyType returnKey() const override { return _returnKeyType; }
 

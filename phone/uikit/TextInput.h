@@ -7,7 +7,8 @@
 
 namespace phone {
 
-enum class TextDirection { Back, Forth };
+/// Where an arrow or its like sends the caret: by one character, or all the way.
+enum class CaretMove { Back, Forth, Start, End };
 
 /// The keys' side of a text input. All of it asks the delegate as the platform does.
 class TextInput {
@@ -18,8 +19,8 @@ public:
     virtual void eraseBackward() = 0;
     /// As the delete key of a connected keyboard does: what is behind the caret.
     virtual void eraseForward() = 0;
-    /// By one character, as a connected keyboard's arrows do; a selection is left at the end that the arrow points to.
-    virtual void moveCaret(TextDirection direction) = 0;
+    /// As a connected keyboard's arrows do; a selection is left at the end that the arrow points to.
+    virtual void moveCaret(CaretMove move) = 0;
     virtual void pressReturn() = 0;
     virtual UIReturnKeyType returnKey() const = 0;
 };

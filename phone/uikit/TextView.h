@@ -26,7 +26,7 @@ public:
     void enter(const NSString& text) override { _editing.type(text); }
     void eraseBackward() override { _editing.erase(); }
     void eraseForward() override { _editing.eraseForward(); }
-    void moveCaret(TextDirection direction) override { _editing.moveCaret(direction); }
+    void moveCaret(CaretMove move) override { _editing.moveCaret(move); }
     void pressReturn() override { _editing.type("\n"_ns); }
     UIReturnKeyType returnKey() const override { return _returnKeyType; }
 

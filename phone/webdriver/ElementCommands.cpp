@@ -9,34 +9,40 @@ namespace phone::webdriver {
 
 namespace {
 
-constexpr double look = 0.1; // seconds from one look for an element to the next
+constexpr std::chrono::milliseconds look{100}; // from one look for an element to the next, where something happens
+constexpr double longestPatience = 600;        // seconds; a client that waits longer has gone
 
-json referenceJson(const Session& session, const Element& element) {
-    const std::string reference = session.referenceTo(element);
+json referenceJson(const Element& element, std::uint64_t launch) {
+    const std::string reference = Session::referenceTo(element, launch);
     return {{elementKey, reference}, {"ELEMENT", reference}};
 }
 
 /// What the call asks for, as the screen stands; inside an element where the path names one.
 json found(Session& session, const Call& call) {
+    const std::uint64_t launch = session.phone().status().launch; // before its screen: a newer one makes these stale
     const AccessibilityTree tree = session.tree();
     const std::string around = call.parameter("element");
     const Element context = around.empty() ? tree.application() : session.element(tree, around);
     json all = json::array();
     for (const Element& element : find(context, call.text("using"), call.text("value"))) {
-        all.push_back(referenceJson(session, element));
+        all.push_back(referenceJson(element, launch));
     }
     return all;
 }
 
 /// Looks again until there is something or the session's patience is at its end.
 json waitedFor(Session& session, const Call& call) {
-    const double patience = session.timeouts().implicit;
-    for (double waited = 0;; waited += look) {
+    using Seconds = std::chrono::duration<double>;
+    const Seconds patience(std::min(session.timeouts().implicit, longestPatience));
+    const auto began = LivePhone::Clock::now();
+    for (;;) {
+        const std::uint64_t seen = session.phone().changes();
         json all = found(session, call);
-        if (!all.empty() || waited + look > patience || session.isOver()) {
+        if (!all.empty() || LivePhone::Clock::now() - began >= patience || session.isOver()) {
             return all;
         }
-        session.phone().advance(look);
+        session.phone().waitForChange(seen, look);
+        session.phone().advance(session.phone().isMoving() ? Seconds(look).count() : 0);
     }
 }
 
@@ -62,9 +68,10 @@ json findElement(Session& session, const Call& call) {
 json findElements(Session& session, const Call& call) { return waitedFor(session, call); }
 
 json activeElement(Session& session, const Call&) {
+    const std::uint64_t launch = session.phone().status().launch;
     const AccessibilityTree tree = session.tree();
     for (const Element& element : find(tree.application(), "predicate string", "focused == true")) {
-        return referenceJson(session, element);
+        return referenceJson(element, launch);
     }
     throw Refusal(Error::NoSuchElement, "no text is being edited");
 }

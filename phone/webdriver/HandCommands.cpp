@@ -13,6 +13,7 @@ namespace phone::webdriver {
 
 namespace {
 
+constexpr double edge = 0.05;       // points; on the very edge a touch may go to the neighbour
 constexpr double longestTouch = 60; // seconds
 constexpr double usualSwipeSeconds = 0.25;
 constexpr double partOfSwipe = 0.4; // of the area's side, from its middle
@@ -57,8 +58,8 @@ Point target(Session& session, const Call& call) {
         return reached;
     }
     const AccessibilityTree tree = session.tree();
-    const Rect rect = session.element(tree, on).rect();
-    const Point point{static_cast<double>(rect.x) + call.number("x"), static_cast<double>(rect.y) + call.number("y")};
+    const Point corner = session.element(tree, on).corner();
+    const Point point{corner.x + std::max(call.number("x"), edge), corner.y + std::max(call.number("y"), edge)};
     checkOnScreen(session, point);
     return point;
 }
@@ -126,10 +127,13 @@ Seen see(Session& session, const std::string& reference) {
     return {element.type(), element.isFocused(), isPlaceholder ? "" : value};
 }
 
-/// Touches the text where its end is, so that it is edited from there.
+/// Touches a text that is not being edited, with the caret behind it then.
 void edit(Session& session, const std::string& reference) {
     if (!see(session, reference).focused) {
         touchAt(session, reach(session, reference));
+        if (see(session, reference).focused) { // who asked for it may have been refused
+            session.phone().key("end");
+        }
     }
 }
 
@@ -250,6 +254,9 @@ json scroll(Session& session, const Call& call) {
         reach(session, reference(call));
         return nullptr;
     }
+    if (call.has("name") || call.has("predicateString")) {
+        throw Refusal(Error::InvalidArgument, "find the element, and scroll with its elementId and toVisible");
+    }
     // What scrolls down goes up under the finger.
     const std::string direction = call.text("direction");
     const char* finger = direction == "up"      ? "down"
@@ -267,15 +274,17 @@ json dragFromToForDuration(Session& session, const Call& call) {
     Point to{call.number("toX"), call.number("toY")};
     if (const std::string on = reference(call); !on.empty()) {
         const AccessibilityTree tree = session.tree();
-        const Rect rect = session.element(tree, on).rect();
+        const Point corner = session.element(tree, on).corner();
         for (Point* point : {&from, &to}) {
-            point->x += static_cast<double>(rect.x);
-            point->y += static_cast<double>(rect.y);
+            point->x += corner.x;
+            point->y += corner.y;
         }
     }
     checkOnScreen(session, from);
     checkOnScreen(session, to);
-    drag(session, from, to, std::max(held, usualSwipeSeconds));
+    session.putFinger(Screen::Phase::Began, from);
+    session.pass(held);
+    moveFinger(session, from, to, usualSwipeSeconds);
     return nullptr;
 }
 
@@ -294,7 +303,12 @@ json performActions(Session& session, const Call& call) {
     }
     const auto ticks = readActions(call.body.at("actions"), session.fingerIsDown());
     std::optional<Point> at = session.pointer();
-    perform(session, ticks, at);
+    try {
+        perform(session, ticks, at);
+    } catch (...) {
+        session.setPointer(at); // where it stopped
+        throw;
+    }
     session.setPointer(at);
     return nullptr;
 }

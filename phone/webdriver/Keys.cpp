@@ -26,12 +26,13 @@ constexpr std::array keys = {
     Key{0xE000, text, ""},                                    // releases modifiers
     Key{0xE003, key, "backspace"}, Key{0xE006, key, "enter"}, // return
     Key{0xE007, key, "enter"},     Key{0xE008, text, ""},     // shift: characters come as they are to be typed
-    Key{0xE00D, text, " "},        Key{0xE012, key, "left"},  Key{0xE014, key, "right"}, Key{0xE017, key, "delete"},
-    Key{0xE018, text, ";"},        Key{0xE019, text, "="},    Key{0xE01A, text, "0"},    Key{0xE01B, text, "1"},
-    Key{0xE01C, text, "2"},        Key{0xE01D, text, "3"},    Key{0xE01E, text, "4"},    Key{0xE01F, text, "5"},
-    Key{0xE020, text, "6"},        Key{0xE021, text, "7"},    Key{0xE022, text, "8"},    Key{0xE023, text, "9"},
-    Key{0xE024, text, "*"},        Key{0xE025, text, "+"},    Key{0xE026, text, ","},    Key{0xE027, text, "-"},
-    Key{0xE028, text, "."},        Key{0xE029, text, "/"},    Key{0xE050, text, ""}, // the right shift
+    Key{0xE00D, text, " "},        Key{0xE010, key, "end"},    Key{0xE011, key, "home"}, Key{0xE012, key, "left"},
+    Key{0xE014, key, "right"},     Key{0xE017, key, "delete"}, Key{0xE018, text, ";"},   Key{0xE019, text, "="},
+    Key{0xE01A, text, "0"},        Key{0xE01B, text, "1"},     Key{0xE01C, text, "2"},   Key{0xE01D, text, "3"},
+    Key{0xE01E, text, "4"},        Key{0xE01F, text, "5"},     Key{0xE020, text, "6"},   Key{0xE021, text, "7"},
+    Key{0xE022, text, "8"},        Key{0xE023, text, "9"},     Key{0xE024, text, "*"},   Key{0xE025, text, "+"},
+    Key{0xE026, text, ","},        Key{0xE027, text, "-"},     Key{0xE028, text, "."},   Key{0xE029, text, "/"},
+    Key{0xE050, text, ""}, // the right shift
 };
 
 /// Of three bytes at `at`, the only length that the protocol's characters have; 0 for another character.
@@ -52,9 +53,10 @@ Stroke strokeOf(char32_t code) {
     if (known == keys.end()) {
         std::array<char, 16> name{};
         std::snprintf(name.data(), name.size(), "U+%04X", static_cast<unsigned>(code));
-        throw Refusal(Error::UnsupportedOperation,
-                      std::string("the phone has no key ") + name.data() +
-                          "; it has Enter, Backspace, Delete, the arrows to the left and right, and the number pad");
+        throw Refusal(
+            Error::UnsupportedOperation,
+            std::string("the phone has no key ") + name.data() +
+                "; it has Enter, Backspace, Delete, Home, End, the arrows to the left and right, and the number pad");
     }
     return {known->kind, known->what};
 }

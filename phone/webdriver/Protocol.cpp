@@ -131,8 +131,7 @@ json Protocol::perform(Request& request) {
     request.session = parts[1];
     const bool isWhole = parts.size() == 2;
     if (isWhole && request.method == "DELETE") {
-        current(request.session);
-        endSession();
+        end(take(request.session));
         return nullptr;
     }
     if (isWhole && request.method == "GET") {
@@ -180,9 +179,9 @@ json Protocol::status() const {
 
 json Protocol::begin(Request& request) {
     const Capabilities capabilities = readCapabilities(request.call.body, _phone.status().settings);
-    endSession();
     auto session = std::make_shared<Session>(_phone, freshId());
     session->change(capabilities.settings);
+    endSession();
     try {
         if (capabilities.startsAfresh || _phone.status().life != LivePhone::Life::Running ||
             capabilities.launchesOther) {
@@ -193,32 +192,40 @@ json Protocol::begin(Request& request) {
     }
     request.session = session->id();
     const json described = {{"sessionId", session->id()}, {"capabilities", session->capabilities()}};
-    const std::lock_guard lock(_mutex);
-    if (_session) { // another client was faster
-        _session->finish();
+    {
+        const std::lock_guard lock(_mutex);
+        std::swap(_session, session);
     }
-    _session = std::move(session);
+    end(session); // of another client that was faster
     return described;
 }
 
-void Protocol::endSession() {
-    std::shared_ptr<Session> ending;
-    {
-        const std::lock_guard lock(_mutex);
-        ending = std::move(_session);
+void Protocol::endSession() { end(take("")); }
+
+void Protocol::end(const std::shared_ptr<Session>& session) {
+    if (session) {
+        session->finish();
     }
-    if (ending) {
-        ending->finish();
-    }
+}
+
+/// The session of this id, or the one that there is for "", which there is no longer then.
+std::shared_ptr<Session> Protocol::take(const std::string& id) {
+    const std::lock_guard lock(_mutex);
+    check(id);
+    return std::move(_session);
 }
 
 /// The session of this id, or the one that there is for ""; nullptr for "" when there is none.
 std::shared_ptr<Session> Protocol::current(const std::string& id) const {
     const std::lock_guard lock(_mutex);
+    check(id);
+    return _session;
+}
+
+void Protocol::check(const std::string& id) const {
     if (!id.empty() && (!_session || _session->id() != id)) {
         throw Refusal(Error::InvalidSessionId, "there is no session \"" + id + "\"; POST /session begins one");
     }
-    return _session;
 }
 
 } // namespace phone::webdriver

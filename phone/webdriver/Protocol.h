@@ -34,6 +34,10 @@ private:
     nlohmann::json status() const;
     nlohmann::json begin(Request& request);
     std::shared_ptr<Session> current(const std::string& id) const;
+    std::shared_ptr<Session> take(const std::string& id);
+    static void end(const std::shared_ptr<Session>& session);
+    /// With _mutex held. Throws Refusal when there is no session of this id; "" may be none.
+    void check(const std::string& id) const;
 
     LivePhone& _phone;
     mutable std::mutex _mutex;         // guards what follows

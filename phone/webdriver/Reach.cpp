@@ -39,17 +39,16 @@ bool bringNearer(Session& session, const Element& element) {
         const double most = static_cast<double>(length) * partOfScroller;
         return std::clamp(-distance, -most, most);
     };
-    const Point from{middle(seen.x, seen.width), middle(seen.y, seen.height)};
-    const Point to{from.x + way(middle(wanted.x, wanted.width) - from.x, seen.width),
-                   from.y + way(middle(wanted.y, wanted.height) - from.y, seen.height)};
-    drag(session, from, to, dragSeconds);
+    const Point to{grip->x + way(middle(wanted.x, wanted.width) - middle(seen.x, seen.width), seen.width),
+                   grip->y + way(middle(wanted.y, wanted.height) - middle(seen.y, seen.height), seen.height)};
+    drag(session, *grip, to, dragSeconds);
     return true;
 }
 
 } // namespace
 
 void checkOnScreen(Session& session, const Point& point) {
-    const Rect screen = session.tree().application().rect();
+    const Rect screen = session.seen().application().rect();
     if (!(point.x >= 0 && point.y >= 0 && point.x <= static_cast<double>(screen.width) &&
           point.y <= static_cast<double>(screen.height))) {
         throw Refusal(Error::InvalidCoordinates, "the point lies beyond the screen of " + std::to_string(screen.width) +
@@ -78,14 +77,18 @@ Point reach(Session& session, const std::string& reference) {
 
 void touchAt(Session& session, const Point& point, double seconds) {
     session.putFinger(Screen::Phase::Began, point);
-    session.phone().advance(seconds);
+    session.pass(seconds);
     session.putFinger(Screen::Phase::Ended, point);
     session.settle();
 }
 
 void drag(Session& session, const Point& from, const Point& to, double seconds) {
-    const int steps = std::clamp(static_cast<int>(std::ceil(seconds / Engine::swipeStep)), 1, 600);
     session.putFinger(Screen::Phase::Began, from);
+    moveFinger(session, from, to, seconds);
+}
+
+void moveFinger(Session& session, const Point& from, const Point& to, double seconds) {
+    const int steps = std::clamp(static_cast<int>(std::ceil(seconds / Engine::swipeStep)), 1, 600);
     for (int step = 1; step <= steps; ++step) {
         const double part = static_cast<double>(step) / steps;
         session.phone().advance(seconds / steps);

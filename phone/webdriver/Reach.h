@@ -14,6 +14,8 @@ void touchAt(Session& session, const Point& point, double seconds = Engine::tapS
 
 /// From one point to the other.
 void drag(Session& session, const Point& from, const Point& to, double seconds);
+/// The same with a finger that is down already; it goes up at the end.
+void moveFinger(Session& session, const Point& from, const Point& to, double seconds);
 
 /// Throws Refusal, invalid coordinates, for a point that is not on the screen.
 void checkOnScreen(Session& session, const Point& point);

@@ -3,6 +3,7 @@
 #include "phone/device/Profile.h"
 #include "phone/webdriver/Commands.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -43,14 +44,14 @@ std::optional<std::array<std::uint64_t, 2>> numbersIn(const std::string& referen
 void Session::finish() {
     _over = true;
     const std::lock_guard lock(_mutex);
-    if (_finger) {
+    if (_finger && _finger->isHeld()) {
         try {
             _phone.touch(Screen::Phase::Cancelled, _fingerAt.x, _fingerAt.y);
         } catch (const ScreenError&) {
             // The application has gone, and the finger's touch with it.
         }
-        _finger.reset();
     }
+    _finger.reset();
 }
 
 AccessibilityTree Session::tree() {
@@ -62,8 +63,8 @@ AccessibilityTree Session::tree() {
 
 AccessibilityTree Session::seen() const { return {_phone.tree(true), applicationName}; }
 
-std::string Session::referenceTo(const Element& element) const {
-    return "E" + std::to_string(_phone.status().launch) + "-" + std::to_string(element.identity());
+std::string Session::referenceTo(const Element& element, std::uint64_t launch) {
+    return "E" + std::to_string(launch) + "-" + std::to_string(element.identity());
 }
 
 Element Session::element(const AccessibilityTree& tree, const std::string& reference) const {
@@ -102,7 +103,8 @@ void Session::change(const json& settings) {
         const json& action = settings.at("defaultAlertAction");
         alertAnswerNamed(action.is_string() ? action.get<std::string>() : action.is_null() ? "" : "?");
     }
-    if (settings.contains("waitForIdleTimeout") && !settings.at("waitForIdleTimeout").is_number()) {
+    const bool waits = settings.contains("waitForIdleTimeout");
+    if (waits && !(settings.at("waitForIdleTimeout").is_number() && settings.at("waitForIdleTimeout") >= 0)) {
         throw Refusal(Error::InvalidArgument, "waitForIdleTimeout has to be a number of seconds, 0 for not waiting");
     }
     const std::lock_guard lock(_mutex);
@@ -121,11 +123,16 @@ json Session::capabilities() const {
 
 void Session::putFinger(Screen::Phase phase, const Point& point) {
     if (phase == Screen::Phase::Began) {
-        auto finger = std::make_unique<LivePhone::Finger>(_phone);
-        const std::lock_guard lock(_mutex);
-        _finger = std::move(finger);
+        takeFinger();
     }
-    _phone.touch(phase, point.x, point.y);
+    checkFinger();
+    try {
+        _phone.touch(phase, point.x, point.y);
+    } catch (...) {
+        const std::lock_guard lock(_mutex);
+        _finger.reset();
+        throw;
+    }
     const std::lock_guard lock(_mutex);
     _fingerAt = point;
     if (phase == Screen::Phase::Ended || phase == Screen::Phase::Cancelled) {
@@ -133,18 +140,46 @@ void Session::putFinger(Screen::Phase phase, const Point& point) {
     }
 }
 
+void Session::takeFinger() {
+    if (fingerIsDown()) {
+        throw Refusal(Error::InvalidElementState, "the session's finger is down already; DELETE actions lifts it");
+    }
+    auto finger = std::make_unique<LivePhone::Finger>(_phone);
+    const std::lock_guard lock(_mutex);
+    _finger = std::move(finger);
+}
+
+void Session::checkFinger() const {
+    const std::lock_guard lock(_mutex);
+    if (_over) {
+        throw Refusal(Error::InvalidSessionId, "the session ended while its finger was on the screen");
+    }
+    if (!_finger || !_finger->isHeld()) {
+        throw Refusal(Error::InvalidElementState, "the session's finger is no longer on the screen");
+    }
+}
+
+void Session::pass(double seconds) const {
+    constexpr double slice = 0.1;
+    for (double left = seconds; left > 0 && !_over; left -= slice) {
+        _phone.advance(std::min(left, slice));
+    }
+}
+
 bool Session::fingerIsDown() const {
     const std::lock_guard lock(_mutex);
-    return _finger != nullptr;
+    return _finger && _finger->isHeld();
 }
 
 void Session::liftFinger() {
+    if (!fingerIsDown()) {
+        const std::lock_guard lock(_mutex);
+        _finger.reset();
+        return;
+    }
     Point at;
     {
         const std::lock_guard lock(_mutex);
-        if (!_finger) {
-            return;
-        }
         at = _fingerAt;
     }
     putFinger(Screen::Phase::Ended, at);
@@ -161,8 +196,8 @@ void Session::setPointer(const std::optional<Point>& at) {
 }
 
 void Session::settle() const {
-    if (settings().value("waitForIdleTimeout", 0.0) > 0) {
-        _phone.settle();
+    if (const double longest = settings().value("waitForIdleTimeout", 0.0); longest > 0) {
+        _phone.rest(longest);
     }
 }
 

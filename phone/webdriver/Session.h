@@ -46,7 +46,8 @@ public:
     /// The same, with the question still on it.
     AccessibilityTree seen() const;
     /// How the client names the element from now on, for as long as its view lives.
-    std::string referenceTo(const Element& element) const;
+    /// `launch` is the one in which it was seen.
+    static std::string referenceTo(const Element& element, std::uint64_t launch);
     /// Throws Refusal: no such element for a name that was never given, stale when its view has gone.
     Element element(const AccessibilityTree& tree, const std::string& reference) const;
 
@@ -57,8 +58,11 @@ public:
     void change(const nlohmann::json& settings);
     nlohmann::json capabilities() const;
 
-    /// The client's finger, which may stay down from one command to the next.
+    /// The client's finger, which may stay down from one command to the next. Throws Refusal when the session is over,
+    /// when it goes down twice, and when it moves without being down.
     void putFinger(Screen::Phase phase, const Point& point);
+    /// Lets time pass, until the session is over.
+    void pass(double seconds) const;
     bool fingerIsDown() const;
     void liftFinger();
     /// Where the client's actions have left their pointer, down or not; nullopt before the first.
@@ -70,6 +74,8 @@ public:
 
 private:
     AlertAnswer alertAnswer() const;
+    void takeFinger();
+    void checkFinger() const;
 
     LivePhone& _phone;
     const std::string _id;

@@ -22,7 +22,8 @@ double timeout(const Call& call, const char* key, double now) {
         return now;
     }
     const double given = call.number(key);
-    if (given < 0) {
+    constexpr double most = 9007199254740991; // as the protocol has it
+    if (given < 0 || given > most) {
         throw Refusal(Error::InvalidArgument, std::string("\"") + key + "\" has to be 0 or more milliseconds");
     }
     return given / millisecondsPerSecond;

@@ -189,6 +189,25 @@ TEST_F(LivePhoneTest, LetsASecondFingerWaitForTheFirst) {
     EXPECT_TRUE(isDown);
 }
 
+TEST_F(LivePhoneTest, LetsGoOfTheFingerOfALaunchBefore) {
+    phone.launch();
+    const LivePhone::Finger finger(phone);
+    EXPECT_TRUE(finger.isHeld());
+
+    phone.launch();
+
+    EXPECT_FALSE(finger.isHeld());
+}
+
+TEST_F(LivePhoneTest, EndsWhatWaitsWhenItIsInterrupted) {
+    phone.launch();
+    std::thread waiting([&] { phone.advance(3600); });
+
+    phone.interrupt();
+
+    waiting.join();
+}
+
 TEST_F(LivePhoneTest, TakesCommandsFromManyThreads) {
     phone.launch();
     std::atomic<int> answered = 0;

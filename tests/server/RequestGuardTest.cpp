@@ -8,7 +8,7 @@ using testing::HasSubstr;
 using testing::Optional;
 
 TEST(RequestGuard, LetsProgramsOfThisMachinePass) {
-    for (const char* host : {"127.0.0.1:8100", "localhost:8100", "LOCALHOST:8100", "[::1]:8100"}) {
+    for (const char* host : {"127.0.0.1:8100", "localhost:8100", "LOCALHOST:8100"}) {
         EXPECT_EQ(whyRefused({.host = host, .origin = "", .site = ""}, 8100), std::nullopt) << host;
     }
 }
@@ -24,7 +24,8 @@ TEST(RequestGuard, NeedsNoPortWhereItIsTheUsualOne) {
 }
 
 TEST(RequestGuard, RefusesNamesThatAreNotThisMachines) {
-    for (const char* host : {"", "evil.example:8100", "127.0.0.1.evil.example:8100", "127.0.0.1:8101", "localhost."}) {
+    for (const char* host :
+         {"", "[::1]:8100", "evil.example:8100", "127.0.0.1.evil.example:8100", "127.0.0.1:8101", "localhost."}) {
         EXPECT_THAT(whyRefused({.host = host, .origin = "", .site = ""}, 8100),
                     Optional(HasSubstr("127.0.0.1:8100 alone")))
             << host;

@@ -70,6 +70,12 @@ public:
 
     void send(const std::string& bytes) const { ::send(_socket, bytes.data(), bytes.size(), MSG_NOSIGNAL); }
 
+    void readToTheEnd() const {
+        char bytes[4096];
+        while (recv(_socket, bytes, sizeof bytes, 0) > 0) {
+        }
+    }
+
 private:
     int _socket;
 };
@@ -97,6 +103,22 @@ TEST_F(ServerTest, RefusesPagesOfElsewhere) {
     const auto answer = client().Post("/session", {{"Origin", "http://evil.example"}}, "{}", "text/plain");
 
     EXPECT_EQ(answer->status, 403);
+    EXPECT_EQ(phone.status().life, LivePhone::Life::Ended);
+}
+
+TEST_F(ServerTest, TakesNothingOfARefusedBodyForARequest) {
+    const std::string host = "Host: 127.0.0.1:" + std::to_string(server.port()) + "\r\n";
+    const std::string hidden = "POST /session HTTP/1.1\r\n" + host +
+                               "Content-Length: 19\r\nContent-Type: application/json\r\n\r\n{\"capabilities\":{}}";
+    const std::string body = std::string(100000, ' ') + hidden;
+    {
+        const RawConnection connection(server.port());
+        connection.send("POST /x HTTP/1.1\r\n" + host + "Origin: http://evil.example\r\nContent-Length: " +
+                        std::to_string(body.size()) + "\r\n\r\n" + body);
+        connection.readToTheEnd();
+    }
+
+    EXPECT_EQ(json::parse(client().Get("/sessions")->body).at("value").size(), 0U);
     EXPECT_EQ(phone.status().life, LivePhone::Life::Ended);
 }
 

@@ -102,7 +102,7 @@ TEST(ActionReader, RefusesWhatCannotBe) {
 TEST(ActionReader, RefusesWhatAPhoneDoesNotHave) {
     const std::string all[] = {
         pointer(move) + "," + pointer(move, "second"),
-        R"({"type":"wheel","id":"a","actions":[]})",
+        R"({"type":"wheel","id":"a","actions":[{"type":"scroll","x":1,"y":1,"deltaX":0,"deltaY":9}]})",
         pointer(R"({"type":"pointerCancel"})"),
     };
     for (const std::string& sources : all) {

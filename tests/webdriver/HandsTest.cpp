@@ -4,6 +4,7 @@
 #include "phone/webdriver/Routes.h"
 #include "tests/webdriver/LiveSession.h"
 
+#include <csignal>
 #include <gmock/gmock.h>
 
 using namespace phone;
@@ -125,6 +126,67 @@ TEST_F(Hands, LiftTheFingerOfASessionThatEnds) {
     begin({{"forceAppLaunch", false}});
 
     click(find("accessibility id", "Cancel"));
+}
+
+TEST_F(Hands, TouchAgainAfterTheApplicationDiedUnderTheFinger) {
+    openSheet();
+    post("/actions", actionsOf({{{"type", "pointerMove"}, {"x", 160}, {"y", 400}}, {{"type", "pointerDown"}}}));
+    kill(mobile("activeAppInfo").at("pid").get<pid_t>(), SIGKILL);
+    EXPECT_EQ(error("GET", session + "/source"), "invalid element state");
+
+    mobile("launchApp");
+    mobile("gsmCall", {{"phoneNumber", "5551234"}, {"action", "call"}});
+    click(find("accessibility id", "Accept"));
+
+    find("accessibility id", "End");
+}
+
+TEST_F(Hands, RefuseASecondTouchWhileTheFingerIsDown) {
+    openSheet();
+    post("/actions", actionsOf({{{"type", "pointerMove"}, {"x", 160}, {"y", 400}}, {{"type", "pointerDown"}}}));
+
+    EXPECT_EQ(mobileError("tap", {{"x", 10}, {"y", 10}}), "invalid element state");
+}
+
+TEST_F(Hands, LeaveTheScreenToTheNextSessionInTheMiddleOfADrag) {
+    begin();
+    std::string refused;
+    std::thread dragging([&, path = session] {
+        const json arguments = {{"fromX", 10}, {"fromY", 10}, {"toX", 300}, {"toY", 300}, {"duration", 60}};
+        const json body = {{"script", "mobile: dragFromToForDuration"}, {"args", {arguments}}};
+        const Answer answer = protocol.answer("POST", path + "/execute/sync", {}, body.dump());
+        refused = json::parse(answer.body).at("value").value("error", "");
+    });
+    std::uint64_t seen = 0;
+    while (!phone.isFingerDown()) {
+        seen = phone.waitForChange(seen, std::chrono::milliseconds(20));
+    }
+
+    begin({{"forceAppLaunch", false}});
+    dragging.join();
+
+    EXPECT_EQ(refused, "invalid session id");
+    mobile("tap", {{"x", 10}, {"y", 10}});
+}
+
+TEST_F(Hands, TapTheElementItselfAtItsCorner) {
+    beginInACall();
+    const std::string speaker = find("accessibility id", "speaker"); // its neighbour ends in the same point
+
+    mobile("tap", {{"elementId", pathParts(speaker).back()}, {"x", 0}, {"y", 0}});
+
+    EXPECT_EQ(get(find("accessibility id", "speaker") + "/selected"), true);
+}
+
+TEST_F(Hands, TypeBehindWhatStandsThere) {
+    compose("Note");
+    const std::string note = noteText();
+    post(note + "/value", {{"text", "Send the whole offer to them now"}});
+    click(find("class name", "XCUIElementTypeTextField"));
+
+    post(note + "/value", {{"text", "!"}});
+
+    EXPECT_EQ(get(note + "/text"), "Send the whole offer to them now!");
 }
 
 TEST_F(Hands, RefuseActionsBeyondTheScreen) {

@@ -20,15 +20,17 @@ TEST(Keys, TypeNeighbouringCharactersTogether) {
 }
 
 TEST(Keys, PressWhatTheProtocolWritesAsCharactersOfItsOwn) {
-    EXPECT_EQ(strokes("a\uE003b\uE006c\uE007\uE017\uE012\uE014"), (Strokes{{text, "a"},
-                                                                           {key, "backspace"},
-                                                                           {text, "b"},
-                                                                           {key, "enter"},
-                                                                           {text, "c"},
-                                                                           {key, "enter"},
-                                                                           {key, "delete"},
-                                                                           {key, "left"},
-                                                                           {key, "right"}}));
+    EXPECT_EQ(strokes("a\uE003b\uE006c\uE007\uE017\uE012\uE014\uE010\uE011"), (Strokes{{text, "a"},
+                                                                                       {key, "backspace"},
+                                                                                       {text, "b"},
+                                                                                       {key, "enter"},
+                                                                                       {text, "c"},
+                                                                                       {key, "enter"},
+                                                                                       {key, "delete"},
+                                                                                       {key, "left"},
+                                                                                       {key, "right"},
+                                                                                       {key, "end"},
+                                                                                       {key, "home"}}));
 }
 
 TEST(Keys, TypeTheNumberPad) { EXPECT_EQ(strokes("\uE01A\uE023\uE029\uE00D"), (Strokes{{text, "09/ "}})); }
