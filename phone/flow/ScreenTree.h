@@ -41,6 +41,8 @@ public:
     int quarterTurns() const { return _node.attribute("turned").as_int(); }
     /// A point of its rectangle.
     ScreenPoint at(const PointSpec& point) const;
+    /// What a person reads on it.
+    std::vector<std::string> texts() const;
     /// Whether it is one of the keyboard's own.
     bool isOfKeyboard() const;
     pugi::xml_node node() const { return _node; }

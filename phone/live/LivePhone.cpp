@@ -130,7 +130,8 @@ LivePhone::Status LivePhone::status() const {
             .launch = _launches,
             .process = _process ? _process->processIdentifier() : 0,
             .settings = _settings,
-            .clockStands = _standingClock.has_value()};
+            .clockStands = _standingClock.has_value(),
+            .loaderLines = _process ? _process->loaderLines() : std::vector<std::string>()};
 }
 
 nlohmann::json LivePhone::request(const nlohmann::json& command) {
@@ -293,6 +294,11 @@ std::uint64_t LivePhone::waitForChange(std::uint64_t seen, milliseconds longest)
 bool LivePhone::isMoving() const {
     const std::lock_guard lock(_mutex);
     return _moving;
+}
+
+void LivePhone::announce() {
+    const std::lock_guard lock(_mutex);
+    changed();
 }
 
 LivePhone::Finger::Finger(LivePhone& phone) : _phone(phone) {

@@ -2,6 +2,7 @@
 
 #include "phone/flow/InputError.h"
 #include "phone/server/Connections.h"
+#include "phone/server/Page.h"
 #include "phone/server/RequestGuard.h"
 #include "phone/webdriver/Protocol.h"
 
@@ -43,7 +44,7 @@ webdriver::Answer refusalOf(int status) {
 
 class Server::Implementation {
 public:
-    Implementation(LivePhone& phone, int port) : _protocol(phone) {
+    Implementation(LivePhone& phone, int port) : _protocol(phone), _page(phone, Page::folderBesideThis()) {
         setLimits();
         _http.new_task_queue = [] { return new Connections; }; // the server deletes it
         _port = port == 0 ? _http.bind_to_any_port(loopback) : port;
@@ -57,6 +58,7 @@ public:
                 send(response, refusalOf(response.status));
             }
         });
+        _page.serveOn(_http); // before the protocol, which takes every path
         const auto toProtocol = [this](const Request& request, Response& response) {
             send(response, _protocol.answer(request.method, request.path,
                                             {request.params.begin(), request.params.end()}, request.body));
@@ -73,6 +75,7 @@ public:
     void run() { _http.listen_after_bind(); }
     void stop() {
         _protocol.endSession();
+        _page.close();
         _http.stop();
     }
 
@@ -100,6 +103,7 @@ private:
 
     httplib::Server _http;
     webdriver::Protocol _protocol;
+    Page _page;
     int _port = 0;
 };
 
