@@ -88,6 +88,7 @@ export function start() {
     fit();
     frame.dataset.orientation = state.orientation ?? "PORTRAIT";
     frame.dataset.device = state.settings.device;
+    canvas.ariaBusy = String(state.moving ?? false);
     const text = describe(state);
     if (canvas.getAttribute("aria-label") !== text) canvas.setAttribute("aria-label", text);
   });

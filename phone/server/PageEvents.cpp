@@ -48,9 +48,13 @@ std::optional<std::string> PageEvents::next() {
 }
 
 std::string PageEvents::news() {
-    std::string all = event("screen", "");
+    std::string all;
     try {
-        std::string state = text(pageState(_desk));
+        const nlohmann::json now = pageState(_desk);
+        if (now.at("life") == "running") {
+            all += event("screen", "");
+        }
+        std::string state = text(now);
         if (state != _state) {
             all += event("state", state);
             _state = std::move(state);
@@ -62,7 +66,7 @@ std::string PageEvents::news() {
         _stores = stores;
         all += event("settings", text(pageSettings(_desk))) + event("records", "");
     }
-    return all;
+    return all.empty() ? ": nothing new\n\n" : all;
 }
 
 } // namespace phone

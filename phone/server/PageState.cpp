@@ -67,6 +67,7 @@ json pageState(PageDesk& desk) {
     if (status.clockStands) {
         state["localTime"] = iso8601(now.at("clock"), settings.zone).substr(0, 19);
     }
+    state["moving"] = desk.phone.isMoving();
     for (const char* key : {"orientation", "call", "keyboard", "logged"}) {
         state[key] = now.at(key);
     }

@@ -9,7 +9,7 @@ namespace phone {
 
 /// The moment: `life` (running, ended, died), `epitaph`, `launch`, `settings`, `screen` (its size in points, held
 /// upright), `clockStands`, `localTime` (of a clock that stands), `loader` (lines), `recording` and `play`; of an
-/// application that runs also `orientation`, `call`, `keyboard` and `logged`.
+/// application that runs also `moving` (whether anything does by itself), `orientation`, `call`, `keyboard`, `logged`.
 nlohmann::json pageState(PageDesk& desk);
 
 /// What lies in the phone's files: `switches`, `permissions` and `languages`.

@@ -160,7 +160,7 @@ class Browser:
                  for at, point in enumerate(points)]
         actions = [moves[0], {"type": "pointerDown", "button": 0}, *moves[1:], {"type": "pause", "duration": 60},
                    {"type": "pointerUp", "button": 0}]
-        self.do("actions", {"actions": [{"type": "pointer", "id": "finger", "parameters": {"pointerType": pointer},
+        self.do("actions", {"actions": [{"type": "pointer", "id": pointer, "parameters": {"pointerType": pointer},
                                          "actions": actions}]})
 
     def tap(self, x, y, pointer="mouse"):
@@ -179,4 +179,4 @@ class Browser:
         return [entry["message"] for entry in self.do("se/log", {"type": "browser"}) if entry["level"] == "SEVERE"]
 
     def close(self):
-        self.do("", method="DELETE")
+        request(self.session, "DELETE")
