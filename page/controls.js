@@ -8,7 +8,7 @@ const setText = (id, text) => { if (find(id).textContent !== text) find(id).text
 const orientations = ["PORTRAIT", "LANDSCAPE_LEFT", "UPSIDE_DOWN", "LANDSCAPE_RIGHT"]; // each one turn to the left
 let orientation = "PORTRAIT";
 let settings = null; // as the phone runs with
-let permissions = null;
+let languagesKnown = false;
 
 const possible = {
   idle: ["call"], ended: ["call"], ringing: ["accept", "cancel"], active: ["hold", "cancel"], held: ["hold", "cancel"],
@@ -32,7 +32,15 @@ function showClock(state) {
     ? `Stands at ${state.localTime.replace("T", " ")}, ${state.settings.zone}`
     : `Goes with this computer's, ${state.settings.zone}`;
   setText("clock-state", text);
-  if (state.localTime && document.activeElement !== find("clock")) find("clock").value = state.localTime;
+  const field = find("clock");
+  if (state.localTime && document.activeElement !== field) field.value = state.localTime;
+  if (!field.value) field.value = localTime(state.settings.zone);
+}
+
+/** What clocks in the zone show now, as the field takes it. */
+function localTime(zone) {
+  const fields = new Intl.DateTimeFormat("sv", { dateStyle: "short", timeStyle: "medium", timeZone: zone });
+  return fields.format(new Date()).replace(" ", "T");
 }
 
 /** The choices follow the phone, but not while somebody is choosing. */
@@ -46,7 +54,7 @@ function showSettings(now) {
 
 function chooseLanguage() {
   const select = find("language");
-  const tag = settings?.language;
+  const tag = languagesKnown && settings?.language;
   if (tag && ![...select.options].some((option) => option.value === tag)) select.add(new Option(tag, tag));
   if (tag) select.value = tag;
 }
@@ -98,20 +106,21 @@ export function start() {
   }));
 
   on("state", (state) => {
-    orientation = state.orientation ?? "PORTRAIT";
+    orientation = state.orientation ?? orientation;
     showCall(state.call);
     showClock(state);
     showSettings(state.settings);
   });
   on("settings", (all) => {
     const select = find("language");
-    if (select.options.length === 0) {
+    if (!languagesKnown) {
+      languagesKnown = true;
       const names = new Intl.DisplayNames(["en"], { type: "language" });
       for (const tag of all.languages) select.add(new Option(`${names.of(tag)} (${tag})`, tag));
       chooseLanguage();
     }
     showSwitches(all.switches);
-    permissions = all.permissions;
-    setText("access-state", `Reminders: ${answers[permissions.reminders]}; events: ${answers[permissions.events]}`);
+    const { reminders, events } = all.permissions;
+    setText("access-state", `Reminders: ${answers[reminders]}; events: ${answers[events]}`);
   });
 }

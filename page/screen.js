@@ -86,7 +86,7 @@ export function start() {
   on("state", (state) => {
     upright = state.screen;
     fit();
-    frame.dataset.orientation = state.orientation ?? "PORTRAIT";
+    frame.dataset.orientation = state.orientation ?? frame.dataset.orientation;
     frame.dataset.device = state.settings.device;
     canvas.ariaBusy = String(state.moving ?? false);
     const text = describe(state);

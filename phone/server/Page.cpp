@@ -153,7 +153,8 @@ void Page::serveQuestions(httplib::Server& http) {
     question("/page/screen", [](PageDesk& desk, const Request& request, Response& response) {
         sendPicture(desk.phone, request, response);
     });
-    question("/page/state", [](PageDesk& desk, const Request&, Response& response) { send(response, pageState(desk)); });
+    question("/page/state",
+             [](PageDesk& desk, const Request&, Response& response) { send(response, pageState(desk)); });
     question("/page/tree", [](PageDesk& desk, const Request&, Response& response) {
         response.set_content(desk.phone.tree(true), "application/xml; charset=utf-8");
     });

@@ -13,7 +13,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uint32_t watched = IN_CLOSE_WRITE | IN_MODIFY | IN_MOVED_FROM | IN_MOVED_TO | IN_CREATE | IN_DELETE;
+// Closing is none of these: who has only read a store has opened it for writing too.
+constexpr std::uint32_t watched = IN_MODIFY | IN_MOVED_FROM | IN_MOVED_TO | IN_CREATE | IN_DELETE;
 constexpr int together = 20; // milliseconds in which changes count as one
 
 } // namespace

@@ -27,8 +27,8 @@ pugi::xml_node frontmost(const ScreenTree& tree, const ScreenPoint& point) {
     return front;
 }
 
-/// The row or control around the element, which answers for all that is in it; else the element itself.
-pugi::xml_node control(pugi::xml_node element) {
+/// The row or control around the element, which answers for all that is in it; null where there is none.
+pugi::xml_node controlAround(pugi::xml_node element) {
     static constexpr std::array<std::string_view, 4> kinds = {"UITableViewCell", "UIButton", "UICollectionViewCell",
                                                               "UIControl"};
     for (pugi::xml_node at = element; at; at = at.parent()) {
@@ -36,7 +36,7 @@ pugi::xml_node control(pugi::xml_node element) {
             return at;
         }
     }
-    return element;
+    return {};
 }
 
 bool isInside(pugi::xml_node inner, pugi::xml_node outer) {
@@ -87,11 +87,12 @@ std::string pointText(const ScreenPoint& point) {
 std::string nameOfTouched(const ScreenTree& tree, const ScreenPoint& point) {
     const std::string byPoint = "{point: " + pointText(point) + "}";
     const pugi::xml_node touched = frontmost(tree, point);
-    const pugi::xml_node whole = control(touched);
-    const bool isSwitch = !whole.attribute("on").empty();
-    // A text of some other thing in a container, or of what is typed, is no name of the place that was touched.
-    const bool holdsOthers = whole == touched && touched.first_child() && ScreenElement(touched).texts().empty();
-    if (!touched || isSwitch || holdsOthers) {
+    const pugi::xml_node control = controlAround(touched);
+    const pugi::xml_node whole = control ? control : touched;
+    const bool isSwitch = !touched.attribute("on").empty();
+    // The text of one of the things in a container does not name the place in it that was touched.
+    const bool isContainer = !control && touched.first_child() && ScreenElement(touched).texts().empty();
+    if (!touched || isSwitch || isContainer) {
         return byPoint;
     }
     const auto name = takesText(touched) ? std::nullopt : nameOf(whole);

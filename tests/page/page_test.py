@@ -204,8 +204,9 @@ def make_reminder_in_german(page):
 
 
 def turn_a_wheel(page, pointer="mouse"):
+    wait_for(lambda: picker(page), "the date picker")
     at_rest(page)
-    (x, y, _, height), before = wait_for(lambda: picker(page), "the date picker")
+    (x, y, _, height), before = picker(page)
     middle = y + height / 2
     page.drag([(x + 50, middle), (x + 50, middle - 35), (x + 50, middle - 70)], pointer)
     at_rest(page)
