@@ -8,7 +8,7 @@ import tempfile
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "tests" / "page"))
-from browser import Browser, Driver, Phone, wait_for  # noqa: E402
+from browser import Browser, Driver, Phone  # noqa: E402
 
 TOUCHES = 40
 IDLE_SECONDS = 30
@@ -55,6 +55,7 @@ def main(executable):
         page = Browser(driver)
         try:
             page.open(phone.address + "/")
+            time.sleep(8)  # the connections that the page was loaded by have been closed
             idle(phone, "Idle, a page watching")
             page.click("[data-call=call]")
             page.wait("!document.querySelector('[data-call=accept]').disabled", "a call that rings")

@@ -8,6 +8,7 @@ USAGE
   phone new     --root DIR [--stores FILE.yaml]
   phone play    FLOW.yaml ... --root DIR --out DIR [--device DEVICE] [--app APP] [--language TAG]
                 [--now 2026-03-05T14:37:12] [--zone Europe/Berlin] [--report FILE.json]
+  phone serve   --root DIR [--port 8100] [--device DEVICE] [--app APP] [--language TAG] [--zone Europe/Berlin]
   phone records --root DIR [--json] [--zone Europe/Berlin]
   phone install FILE.deb --root DIR
   phone install --remove PACKAGE --root DIR
@@ -17,6 +18,7 @@ new      makes a phone: a folder that stands for the device's `/`, with the libr
          empty stores. DIR must not exist, or be empty.
 play     plays flows on a phone, one after the other, and puts their pictures and dumps into the other DIR.
          Options here go before those of a flow's header.
+serve    runs the phone in real time and shows it at http://127.0.0.1:8100, to be seen and touched in a browser.
 records  prints what stands in the phone's stores, with --json for programs. Dates are shown in the zone
          given, or else in that of the last play.
 install  unpacks a package as the device's dpkg would: over what is there, over another version, or not at

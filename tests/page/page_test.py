@@ -105,7 +105,7 @@ def text_of(page, kind):
 def begin_note(page):
     open_activity(page, "Note")
     page.tap(*text_of(page, "TextView")["point"])
-    page.wait("document.getElementById('keys').inputMode === 'text'", "the phone's keyboard")
+    wait_for(lambda: state(page)["keyboard"], "the phone's keyboard")
 
 
 def picker(page):
@@ -178,7 +178,7 @@ def open_note_in_german(page):
     touch(page, "Notiz", "Button")
     shown(page, "Fertig", "Button")
     page.tap(*text_of(page, "TextView")["point"])
-    page.wait("document.getElementById('keys').inputMode === 'text'", "the phone's keyboard")
+    wait_for(lambda: state(page)["keyboard"], "the phone's keyboard")
 
 
 def make_reminder_in_german(page):
@@ -187,9 +187,10 @@ def make_reminder_in_german(page):
     touch(page, "Erinnerung", "Button")
     shown(page, "Fertig", "Button")
     page.tap(*text_of(page, "TextView")["point"])
-    page.wait("document.getElementById('keys').inputMode === 'text'", "the phone's keyboard")
+    wait_for(lambda: state(page)["keyboard"], "the phone's keyboard")
     page.keys("Anrufen")
     page.keys("\ue007")
+    wait_for(lambda: not state(page)["keyboard"], "the phone's keyboard going away")
     touch(page, "Erinnern")
     shown(page, "Zurück")
     turn_a_wheel(page)
