@@ -1,6 +1,6 @@
 // Calls, orientation, clock, settings, device.
 
-import { on, post } from "./connection.js";
+import { on, post, send } from "./connection.js";
 
 const find = (id) => document.getElementById(id);
 const setText = (id, text) => { if (find(id).textContent !== text) find(id).textContent = text; };
@@ -88,7 +88,8 @@ export function start() {
   }
   const turn = (steps) => () => {
     const next = (orientations.indexOf(orientation) + steps + orientations.length) % orientations.length;
-    post("orientation", { orientation: orientations[next] });
+    orientation = orientations[next]; // where another turn begins, even before the phone has told of this one
+    send("orientation", { orientation });
   };
   find("turn-left").addEventListener("click", turn(1));
   find("turn-right").addEventListener("click", turn(-1));

@@ -112,7 +112,11 @@ json Session::perform(const json& command) {
     } else if (what == "state") {
         return whatThePhoneDoes();
     } else if (what == "tree") {
-        return {{"tree", dumpTree(command.value("finding", false))}};
+        std::optional<CGPoint> touched;
+        if (command.contains("at")) {
+            touched = HeldScreen::shared().upright(CGPoint{command.at("at").at(0), command.at("at").at(1)});
+        }
+        return {{"tree", dumpTree(command.value("finding", false), touched)}};
     } else if (what == "log") {
         return {{"log", Log::shared().lines(command.value("from", std::size_t{0}))}};
     } else if (what == "screenshot") {

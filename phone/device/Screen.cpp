@@ -13,6 +13,9 @@ void Screen::settle() { request({{"do", "settle"}}); }
 std::string Screen::tree(bool forFinding) {
     return request({{"do", "tree"}, {"finding", forFinding}}).at("tree").get<std::string>();
 }
+std::string Screen::treeAt(double x, double y) {
+    return request({{"do", "tree"}, {"finding", true}, {"at", {x, y}}}).at("tree").get<std::string>();
+}
 std::string Screen::log(std::size_t from) {
     return request({{"do", "log"}, {"from", from}}).at("log").get<std::string>();
 }

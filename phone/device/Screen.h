@@ -40,6 +40,9 @@ public:
     /// has; `kind`, the nearest class that the platform publishes; `enabled`; where one is set, the
     /// `accessibilityLabel`; and what a key of the keyboard is for (`key`).
     std::string tree(bool forFinding = false);
+    /// The tree for finding, whose root carries the `identity` of the view that a touch at the point would reach
+    /// (`hit`); without it where none would.
+    std::string treeAt(double x, double y);
     /// The log's lines, or those after the first few.
     std::string log(std::size_t from = 0);
     /// Writes a PNG file at two pixels per point.

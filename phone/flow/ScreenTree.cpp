@@ -120,6 +120,13 @@ std::vector<ScreenElement> ScreenTree::visible(const Selector& selector) const {
     return found;
 }
 
+pugi::xml_node ScreenTree::hit() const {
+    const std::string_view identity = _screen.attribute("hit").value();
+    return identity.empty()
+               ? pugi::xml_node()
+               : _screen.find_node([&](pugi::xml_node node) { return identity == node.attribute("identity").value(); });
+}
+
 std::vector<ScreenElement> ScreenTree::visibleWith(const char* attribute) const {
     std::vector<ScreenElement> found;
     for (const pugi::xpath_node& match : _screen.select_nodes((".//*[@" + std::string(attribute) + "]").c_str())) {

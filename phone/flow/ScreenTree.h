@@ -67,6 +67,8 @@ public:
     std::vector<ScreenElement> all(const Selector& selector) const;
     /// Those of them that are visible; with an index that one alone, if there is one.
     std::vector<ScreenElement> visible(const Selector& selector) const;
+    /// The view that a touch reaches, of a tree for a point; null where there is none.
+    pugi::xml_node hit() const;
     /// All visible elements that have the attribute, in tree order.
     std::vector<ScreenElement> visibleWith(const char* attribute) const;
 

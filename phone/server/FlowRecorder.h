@@ -35,7 +35,7 @@ public:
 
     explicit FlowRecorder(const Beginning& beginning);
 
-    /// `tree` is the screen's tree for finding before the touch.
+    /// `tree` is the screen's tree for this point, before the touch.
     void fingerDown(const Moment& moment, const ScreenPoint& point, const std::string& tree);
     void fingerMoved(const ScreenPoint& point);
     void fingerUp(const Moment& moment, const ScreenPoint& point);

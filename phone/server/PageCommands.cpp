@@ -70,7 +70,7 @@ json touch(PageDesk& desk, const json& body) {
         const std::lock_guard lock(desk.acting);
         if (phase == "began") {
             const Moment moment = desk.recording.moment();
-            const std::string tree = desk.recording.tree();
+            const std::string tree = desk.recording.tree(point);
             desk.phone.touch(Screen::Phase::Began, point.x, point.y);
             desk.recording.note([&](FlowRecorder& recorder) { recorder.fingerDown(moment, point, tree); });
         } else if (phase == "moved") {

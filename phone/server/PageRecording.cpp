@@ -93,9 +93,9 @@ FlowRecorder::Moment PageRecording::moment() {
     return {steadySeconds(), _phone.isMoving()};
 }
 
-std::string PageRecording::tree() {
+std::string PageRecording::tree(const ScreenPoint& point) {
     const std::lock_guard lock(_mutex);
-    return _on ? _phone.tree(true) : "";
+    return _on ? _phone.treeAt(point.x, point.y) : "";
 }
 
 } // namespace phone

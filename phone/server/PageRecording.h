@@ -28,8 +28,8 @@ public:
 
     /// To be called before something is done: when that is, for `note`. Looks at what the last thing has led to.
     FlowRecorder::Moment moment();
-    /// The tree as it stands, for the recorder; "" while nothing is recorded.
-    std::string tree();
+    /// The tree before a touch at the point, for the recorder; "" while nothing is recorded.
+    std::string tree(const ScreenPoint& point);
     /// Calls the work with the recorder, if one runs.
     template <class Work>
     void note(const Work& work) {

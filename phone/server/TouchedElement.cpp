@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <vector>
 
 namespace phone {
 
@@ -13,18 +15,6 @@ constexpr std::size_t longestName = 80; // bytes of a text that still reads as a
 
 bool contains(const ScreenRect& rect, const ScreenPoint& point) {
     return point.x >= rect.x && point.x < rect.x + rect.width && point.y >= rect.y && point.y < rect.y + rect.height;
-}
-
-/// What lies in front at the point and takes touches. Windows count by what is in them.
-pugi::xml_node frontmost(const ScreenTree& tree, const ScreenPoint& point) {
-    pugi::xml_node front;
-    for (const ScreenElement& element : tree.visibleWith("touch")) {
-        const bool isWindow = std::string_view(element.node().attribute("kind").value()) == "UIWindow";
-        if (!isWindow && contains(element.rect(), point)) {
-            front = element.node();
-        }
-    }
-    return front;
 }
 
 /// The row or control around the element, which answers for all that is in it; null where there is none.
@@ -54,19 +44,24 @@ bool isName(const std::string& text) {
     return !text.empty() && text.size() <= longestName && text.find('\n') == std::string::npos;
 }
 
-/// The first text on it, or on something in it, that a flow could name it by.
-std::optional<std::string> nameOf(pugi::xml_node element) {
-    for (const std::string& text : ScreenElement(element).texts()) {
-        if (isName(text)) {
-            return text;
-        }
-    }
+/// The texts on it and on what is in it that a flow could name it by.
+void collectNames(pugi::xml_node element, std::vector<std::string>& into) {
+    const auto texts = ScreenElement(element).texts();
+    std::copy_if(texts.begin(), texts.end(), std::back_inserter(into), isName);
     for (const pugi::xml_node child : element.children()) {
-        if (const auto name = ScreenElement(child).isVisible() ? nameOf(child) : std::nullopt) {
-            return name;
+        if (ScreenElement(child).isVisible()) {
+            collectNames(child, into);
         }
     }
-    return std::nullopt;
+}
+
+/// The first of them. A view that is neither row nor control needs to be the only thing with a text in it: which place
+/// of a larger one was touched matters.
+std::optional<std::string> nameOf(pugi::xml_node element, bool isControl) {
+    std::vector<std::string> names;
+    collectNames(element, names);
+    const bool isPlain = std::all_of(names.begin(), names.end(), [&](const auto& name) { return name == names[0]; });
+    return names.empty() || !(isControl || isPlain) ? std::nullopt : std::optional(names.front());
 }
 
 /// What a flow would touch by this text.
@@ -86,16 +81,13 @@ std::string pointText(const ScreenPoint& point) {
 
 std::string nameOfTouched(const ScreenTree& tree, const ScreenPoint& point) {
     const std::string byPoint = "{point: " + pointText(point) + "}";
-    const pugi::xml_node touched = frontmost(tree, point);
-    const pugi::xml_node control = controlAround(touched);
-    const pugi::xml_node whole = control ? control : touched;
-    const bool isSwitch = !touched.attribute("on").empty();
-    // The text of one of the things in a container does not name the place in it that was touched.
-    const bool isContainer = !control && touched.first_child() && ScreenElement(touched).texts().empty();
-    if (!touched || isSwitch || isContainer) {
+    const pugi::xml_node touched = tree.hit();
+    if (!touched || !touched.attribute("on").empty()) { // a switch has no text of its own
         return byPoint;
     }
-    const auto name = takesText(touched) ? std::nullopt : nameOf(whole);
+    const pugi::xml_node control = controlAround(touched);
+    const pugi::xml_node whole = control ? control : touched;
+    const auto name = takesText(touched) ? std::nullopt : nameOf(whole, static_cast<bool>(control));
     if (name && isInside(found(tree, *name), whole)) {
         return flowQuoted(patternOf(*name));
     }

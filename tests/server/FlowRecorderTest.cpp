@@ -20,8 +20,9 @@ const FlowRecorder::Beginning beginning{{"iphone5", "newer", "de", "Europe/Berli
                                         Access::Ask,
                                         Access::Allow};
 
+/// A touch reaches the view whose identity is 1.
 std::string screen(const std::string& views) {
-    return "<screen width=\"320\" height=\"568\" orientation=\"PORTRAIT\">" + views + "</screen>";
+    return "<screen width=\"320\" height=\"568\" orientation=\"PORTRAIT\" hit=\"1\">" + views + "</screen>";
 }
 
 std::string view(const std::string& kind, const std::string& rect, const std::string& more, const std::string& inside) {
@@ -29,13 +30,15 @@ std::string view(const std::string& kind, const std::string& rect, const std::st
            inside + "</UIView>";
 }
 
-std::string label(const std::string& text, const std::string& rect) {
-    return view("UILabel", rect, "text=\"" + text + "\"", "");
+const std::string touched = "identity=\"1\" ";
+
+std::string label(const std::string& text, const std::string& rect, const std::string& more = "") {
+    return view("UILabel", rect, more + "text=\"" + text + "\"", "");
 }
 
 std::string picker(const std::string& date) {
     return screen(view("UIDatePicker", "0 300 320 162", "mode=\"dateAndTime\" date=\"" + date + ":00+01:00\"",
-                       view("UIView", "0 300 320 162", "", "")));
+                       view("UIView", "0 300 320 162", touched, label("Thu Mar 5", "0 300 100 32"))));
 }
 
 std::string nameAt(const std::string& views, const ScreenPoint& point) {
@@ -80,13 +83,13 @@ TEST_F(FlowRecorderTest, BeginsWithThePhoneAsItWas) {
 }
 
 TEST_F(FlowRecorderTest, NamesWhatWasTouched) {
-    touch(screen(view("UIButton", "10 10 80 30", "text=\"Note\"", "")), {20, 20}, {20, 20}, 0.1);
+    touch(screen(view("UIButton", "10 10 80 30", touched + "text=\"Note\"", "")), {20, 20}, {20, 20}, 0.1);
 
     EXPECT_EQ(commands(), "- tapOn: \"Note\"\n- waitForAnimationToEnd\n");
 }
 
 TEST_F(FlowRecorderTest, WritesALongTouchAsOne) {
-    touch(screen(view("UIButton", "10 10 80 30", "text=\"Note\"", "")), {20, 20}, {22, 20}, 1.5);
+    touch(screen(view("UIButton", "10 10 80 30", touched + "text=\"Note\"", "")), {20, 20}, {22, 20}, 1.5);
 
     EXPECT_THAT(commands(), HasSubstr("- longPressOn: \"Note\"\n"));
 }
@@ -142,7 +145,7 @@ TEST_F(FlowRecorderTest, WaitsAsLongAsThePersonDidWhileSomethingMoves) {
 
 TEST_F(FlowRecorderTest, WritesFlowsThatCanBeRead) {
     recorder.call(next(), "call", "1");
-    touch(screen(label("Really? (2*3) \\ ${NAME}", "0 0 100 100")), {20, 20}, {20, 20}, 0.1);
+    touch(screen(label("Really? (2*3) \\ ${NAME}", "0 0 100 100", touched)), {20, 20}, {20, 20}, 0.1);
     recorder.type(next(), "\"${NAME}\" \\${X}\t# no comment: {}\x01");
     recorder.paste(next(), "two\nlines");
     for (const char* key : {"enter", "backspace", "delete", "left", "right"}) {
@@ -172,26 +175,32 @@ TEST_F(FlowRecorderTest, WritesFlowsThatCanBeRead) {
 }
 
 TEST(TouchedElement, IsNamedByTheRowAroundIt) {
-    const std::string row = view("UITableViewCell", "0 0 320 44", "", label("Account", "15 0 98 44"));
+    const std::string content = view("UIView", "0 0 320 44", touched, label("Account", "15 0 98 44"));
 
-    EXPECT_EQ(nameAt(row, {300, 20}), "\"Account\"");
+    EXPECT_EQ(nameAt(view("UITableViewCell", "0 0 320 44", "", content), {300, 20}), "\"Account\"");
 }
 
 TEST(TouchedElement, IsAPointWhereItsTextStandsSomewhereElseFirst) {
-    const std::string twice = label("Note", "0 0 100 20") + label("Note", "0 100 100 20");
-
-    EXPECT_EQ(nameAt(twice, {50, 10}), "\"Note\"");
-    EXPECT_EQ(nameAt(twice, {50, 110}), "{point: \"50,110\"}");
+    EXPECT_EQ(nameAt(label("Note", "0 0 100 20", touched) + label("Note", "0 100 100 20"), {50, 10}), "\"Note\"");
+    EXPECT_EQ(nameAt(label("Note", "0 0 100 20") + label("Note", "0 100 100 20", touched), {50, 110}),
+              "{point: \"50,110\"}");
 }
 
 TEST(TouchedElement, IsAPointWhereNothingHasAName) {
-    const std::string container = view("UIView", "0 0 320 568", "", label("Note", "0 0 100 20"));
+    EXPECT_EQ(nameAt(view("UIView", "0 0 320 568", touched, ""), {200, 300.25}), "{point: \"200,300.25\"}");
+    EXPECT_EQ(nameAt(label("Note", "0 0 100 20"), {200, 300}), "{point: \"200,300\"}");
+}
 
-    EXPECT_EQ(nameAt(container, {200, 300.25}), "{point: \"200,300.25\"}");
+TEST(TouchedElement, IsAPointWhereOneOfManyTextsWasTouched) {
+    const std::string wheel = view("UIView", "0 300 100 162", touched,
+                                   label("Thu Mar 5", "0 340 100 32") + label("Fri Mar 6", "0 372 100 32"));
+
+    EXPECT_EQ(nameAt(wheel, {50, 380}), "{point: \"50,380\"}");
 }
 
 TEST(TouchedElement, IsAPlaceInATextThatIsEdited) {
-    const std::string text = view("UITextView", "15 100 290 100", "text=\"one two\" returnKey=\"default\"", "");
+    const std::string text =
+        view("UITextView", "15 100 290 100", touched + "text=\"one two\" returnKey=\"default\"", "");
 
     EXPECT_EQ(nameAt(text, {65, 120}), "{text: \"one two\", point: \"50,20\"}");
 }
@@ -199,7 +208,7 @@ TEST(TouchedElement, IsAPlaceInATextThatIsEdited) {
 TEST(TouchedElement, IsAPointOnASwitch) {
     const std::string row =
         view("UITableViewCell", "0 0 320 44", "",
-             label("Remind", "15 0 98 44") + view("UISwitch", "250 5 51 31", "on=\"true\" text=\"On\"", ""));
+             label("Remind", "15 0 98 44") + view("UISwitch", "250 5 51 31", touched + "on=\"true\"", ""));
 
     EXPECT_EQ(nameAt(row, {270, 20}), "{point: \"270,20\"}");
 }
