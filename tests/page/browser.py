@@ -22,9 +22,9 @@ def request(url, method="GET", body=None):
         return answer.read()
 
 
-def wait_for(question, what):
+def wait_for(question, what, patience=PATIENCE):
     """What the question gives, once it is neither None nor False."""
-    last = time.monotonic() + PATIENCE
+    last = time.monotonic() + patience
     while True:
         answer = question()
         if answer is not None and answer is not False:
@@ -130,8 +130,8 @@ class Browser:
     def run_async(self, script, *arguments):
         return self.do("execute/async", {"script": script, "args": list(arguments)})
 
-    def wait(self, condition, what):
-        return wait_for(lambda: self.run(f"return ({condition}) || null"), what)
+    def wait(self, condition, what, patience=PATIENCE):
+        return wait_for(lambda: self.run(f"return ({condition}) || null"), what, patience)
 
     def text(self, selector):
         return self.run("return document.querySelector(arguments[0]).textContent", selector)

@@ -168,7 +168,8 @@ def test_a_recorded_flow_leads_to_the_same_records(stand):
 
     # The page plays it too, with a second note and a second reminder.
     page.click("#replay")
-    page.wait("document.getElementById('play-state').textContent.includes('all held')", "the end of the play")
+    page.wait("!document.getElementById('play-state').textContent.startsWith('Playing')", "the end of the play", 150)
+    equal(page.text("#play-state"), "Played recorded.yaml: all held")
     equal(len(phone.records()["notes"]), 2)
 
 
