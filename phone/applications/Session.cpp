@@ -37,7 +37,8 @@ json whatThePhoneDoes() {
     return {{"orientation", HeldScreen::shared().orientation()},
             {"call", {{"phase", nameOf(call.phase())}, {"number", call.number()}, {"seconds", call.seconds()}}},
             {"clock", WallClock::now()},
-            {"keyboard", Keyboard::shared().isShown()}};
+            {"keyboard", Keyboard::shared().isShown()},
+            {"logged", Log::shared().size()}};
 }
 
 /// For who moves the clock in real time: `next`, in how many seconds something is due, where anything is; and `moving`,
@@ -111,9 +112,13 @@ json Session::perform(const json& command) {
     } else if (what == "state") {
         return whatThePhoneDoes();
     } else if (what == "tree") {
-        return {{"tree", dumpTree(command.value("finding", false))}};
+        std::optional<CGPoint> touched;
+        if (command.contains("at")) {
+            touched = HeldScreen::shared().upright(CGPoint{command.at("at").at(0), command.at("at").at(1)});
+        }
+        return {{"tree", dumpTree(command.value("finding", false), touched)}};
     } else if (what == "log") {
-        return {{"log", Log::shared().lines()}};
+        return {{"log", Log::shared().lines(command.value("from", std::size_t{0}))}};
     } else if (what == "screenshot") {
         takeScreenshot(command);
     } else if (what == "phoneCall") {

@@ -37,13 +37,19 @@ void Log::add(const char* what, nlohmann::ordered_json fields) {
     storage().entries.push_back(std::move(entry));
 }
 
-std::string Log::lines() const {
+std::string Log::lines(std::size_t from) const {
     std::string all;
-    for (const auto& entry : entries()) {
-        all += entry.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+    std::lock_guard lock(storage().mutex);
+    for (std::size_t at = from; at < storage().entries.size(); ++at) {
+        all += storage().entries[at].dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
         all += '\n';
     }
     return all;
+}
+
+std::size_t Log::size() const {
+    std::lock_guard lock(storage().mutex);
+    return storage().entries.size();
 }
 
 std::vector<nlohmann::ordered_json> Log::entries() const {

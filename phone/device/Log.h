@@ -15,8 +15,10 @@ public:
 
     /// Adds {"t": animation time in whole microseconds, "what": what, ...fields}.
     void add(const char* what, nlohmann::ordered_json fields);
-    /// All entries so far, a JSON object a line.
-    std::string lines() const;
+    /// All entries so far, or all after the first few, a JSON object a line.
+    std::string lines(std::size_t from = 0) const;
+    /// How many entries there are.
+    std::size_t size() const;
     /// A copy of the entries so far.
     std::vector<nlohmann::ordered_json> entries() const;
     /// How many entries of this kind there are.

@@ -13,7 +13,12 @@ void Screen::settle() { request({{"do", "settle"}}); }
 std::string Screen::tree(bool forFinding) {
     return request({{"do", "tree"}, {"finding", forFinding}}).at("tree").get<std::string>();
 }
-std::string Screen::log() { return request({{"do", "log"}}).at("log").get<std::string>(); }
+std::string Screen::treeAt(double x, double y) {
+    return request({{"do", "tree"}, {"finding", true}, {"at", {x, y}}}).at("tree").get<std::string>();
+}
+std::string Screen::log(std::size_t from) {
+    return request({{"do", "log"}, {"from", from}}).at("log").get<std::string>();
+}
 void Screen::screenshot(const std::string& path) { request({{"do", "screenshot"}, {"path", path}}); }
 void Screen::screenshot(const std::string& path, double x, double y, double width, double height) {
     request({{"do", "screenshot"}, {"path", path}, {"rect", {x, y, width, height}}});

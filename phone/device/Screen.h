@@ -41,7 +41,11 @@ public:
     /// has; `kind`, the nearest class that the platform publishes; `enabled`; where one is set, the
     /// `accessibilityLabel`; and what a key of the keyboard is for (`key`).
     std::string tree(bool forFinding = false);
-    std::string log();
+    /// The tree for finding, whose root carries the `identity` of the view that a touch at the point would reach
+    /// (`hit`); without it where none would.
+    std::string treeAt(double x, double y);
+    /// The log's lines, or those after the first few.
+    std::string log(std::size_t from = 0);
     /// Writes a PNG file at two pixels per point.
     void screenshot(const std::string& path);
     /// The same of a part of the screen, which has to lie on it: points, as the person holds the device.
@@ -63,7 +67,7 @@ public:
     void hideKeyboard();
 
     /// What the phone is doing: `orientation`, `call` {phase: idle, ringing, active, held, ended; number; seconds},
-    /// `clock` (seconds since 1970, UTC), `keyboard` (whether it is shown).
+    /// `clock` (seconds since 1970, UTC), `keyboard` (whether it is shown), `logged` (how many lines the log has).
     nlohmann::json state();
 
     /// Sends one command and gives the answer; the one way into the application.

@@ -201,7 +201,8 @@ const std::vector<Known>& knownCommands() {
          EraseText{defaultBackspaces}},
         needs("pressKey",
               [](const Yaml& n, const CommandScope& s) -> Any {
-                  static constexpr std::array<std::string_view, 2> keys = {"enter", "backspace"};
+                  static constexpr std::array<std::string_view, 5> keys = {"enter", "backspace", "delete", "left",
+                                                                           "right"};
                   return PressKey{oneOf(n, "pressKey", s, keys)};
               }),
         needs("setClipboard", taking<SetClipboard>),

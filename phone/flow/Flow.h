@@ -58,7 +58,7 @@ struct EraseText {
     long count;
 };
 struct PressKey {
-    std::string key; // enter, backspace
+    std::string key; // enter, backspace, delete, left, right
 };
 struct SetClipboard {
     std::string text;
@@ -137,6 +137,8 @@ struct Flow {
 
     /// Reads a flow with all flows that it runs; throws InputError at the first thing that is wrong.
     static Flow read(const std::string& file);
+    /// The same of a text. `name` stands for its file, beside which the flows that it runs lie.
+    static Flow parse(const std::string& text, const std::string& name);
 };
 
 } // namespace phone

@@ -30,8 +30,7 @@ PhoneOptions readPhone(const Yaml& node) {
 
 } // namespace
 
-FlowFile FlowFile::read(const std::string& file) {
-    const std::vector<Yaml> documents = Yaml::documents(file);
+FlowFile FlowFile::of(const std::vector<Yaml>& documents, const std::string& file) {
     if (documents.size() == 1 && documents.front().isList()) {
         return {std::nullopt, documents.front()};
     }
@@ -74,12 +73,21 @@ Environment readEnvironment(const Yaml& node, const Environment& outer) {
     return environment;
 }
 
-Flow Flow::read(const std::string& file) {
-    const FlowFile parts = FlowFile::read(file);
+namespace {
+
+Flow flowOf(const FlowFile& parts, const std::string& file) {
     FlowHeader header = FlowHeader::read(parts);
     const std::filesystem::path path(file);
     return {file, header.name.empty() ? path.stem().string() : header.name, std::move(header.phone),
             readCommands(parts.commands, {std::move(header.environment), path.parent_path(), 0})};
+}
+
+} // namespace
+
+Flow Flow::read(const std::string& file) { return flowOf(FlowFile::read(file), file); }
+
+Flow Flow::parse(const std::string& text, const std::string& name) {
+    return flowOf(FlowFile::of(Yaml::documentsIn(text, name), name), name);
 }
 
 std::vector<Command> readFlowCommands(const std::string& file, const CommandScope& scope, const Environment& given) {

@@ -15,7 +15,8 @@ struct FlowFile {
     Yaml commands;
 
     /// Throws InputError when the file has another shape.
-    static FlowFile read(const std::string& file);
+    static FlowFile read(const std::string& file) { return of(Yaml::documents(file), file); }
+    static FlowFile of(const std::vector<Yaml>& documents, const std::string& file);
 };
 
 /// What a header says.

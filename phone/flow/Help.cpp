@@ -18,8 +18,8 @@ new      makes a phone: a folder that stands for the device's `/`, with the libr
          empty stores. DIR must not exist, or be empty.
 play     plays flows on a phone, one after the other, and puts their pictures and dumps into the other DIR.
          Options here go before those of a flow's header.
-serve    runs the phone in real time, for WebDriver clients of this machine, until it is interrupted. Prints
-         its address once it answers.
+serve    runs the phone in real time until it is interrupted: at the address that it prints, to be seen and touched
+         in a browser, and for WebDriver clients of this machine.
 records  prints what stands in the phone's stores, with --json for programs. Dates are shown in the zone
          given, or else in that of the last play.
 install  unpacks a package as the device's dpkg would: over what is there, over another version, or not at

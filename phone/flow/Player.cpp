@@ -5,6 +5,7 @@
 #include "phone/flow/LocalTime.h"
 #include "phone/flow/PhoneZone.h"
 #include "phone/flow/Preferences.h"
+#include "phone/flow/ProcessPhone.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -66,8 +67,8 @@ struct Player::Performer {
 
     void operator()(const commands::SetClock& set) const {
         player._wallClock = player.moment(set.localTime);
-        if (player._application) {
-            player._application->setClock(player._wallClock);
+        if (Screen* running = player._phone.screen()) {
+            running->setClock(player._wallClock);
         }
     }
     void operator()(const commands::SetPreferences& set) const { writePreferences(player._options.root, set); }
@@ -83,8 +84,8 @@ struct Player::Performer {
     }
     void operator()(const commands::SetStoreAnswers& set) const {
         player._storeAnswers = set.when;
-        if (player._application) {
-            player._application->setStoreAnswers(set.when);
+        if (Screen* running = player._phone.screen()) {
+            running->setStoreAnswers(set.when);
         }
     }
 
@@ -132,13 +133,19 @@ struct Player::Performer {
     }
 };
 
+Player::Player(Options options)
+    : _options(std::move(options)), _own(std::make_unique<ProcessPhone>(_options.executable, _options.root)),
+      _phone(*_own) {}
+
+Player::Player(Options options, FlowPhone& phone) : _options(std::move(options)), _phone(phone) {}
+
 int Player::play(const std::vector<Flow>& flows) {
     int status = 0;
     for (const Flow& flow : flows) {
         const int result = playFlow(flow);
         status = status == 0 ? result : status;
     }
-    if (_application && !flows.empty()) {
+    if (_phone.screen() && !flows.empty() && !_options.leavesRunning) {
         const int result = attempt({flows.back().file, 0}, "the end of the play", [&] { stop(); });
         status = status == 0 ? result : status;
     }
@@ -151,9 +158,9 @@ int Player::playFlow(const Flow& flow) {
     if (status == 0) {
         status = performAll(flow.commands);
     }
-    if (status == 0 && _application) {
+    if (status == 0 && _phone.screen()) {
         const Place end = {flow.file, flow.commands.empty() ? 0 : flow.commands.back().place.line};
-        status = attempt(end, "the end of the flow", [&] { _application->settle(); });
+        status = attempt(end, "the end of the flow", [&] { _phone.screen()->settle(); });
     }
     _report.endFlow(status == 0);
     return status;
@@ -176,13 +183,16 @@ void Player::enterFlow(const Flow& flow) {
         _wallClock = _options.startedAt;
     }
     _clockZone = _settings.zone;
-    if (_application && _wallClock != before) {
-        _application->setClock(_wallClock);
+    if (Screen* running = _phone.screen(); running && _wallClock != before) {
+        running->setClock(_wallClock);
     }
 }
 
 int Player::performAll(const std::vector<Command>& commands) {
     for (const Command& command : commands) {
+        if (_options.begins) {
+            _options.begins(command);
+        }
         const std::size_t number = _report.beginCommand(command.place.line, command.name);
         const auto began = std::chrono::steady_clock::now();
         std::string message;
@@ -207,12 +217,12 @@ int Player::performAll(const std::vector<Command>& commands) {
 
 template <class Work>
 int Player::attempt(const Place& place, const std::string& name, const Work& work) {
-    const auto tell = [&](const std::exception& error) {
+    const auto tellOf = [&](const std::exception& error) {
         std::string line = place.text() + ": " + name + ": " + error.what();
         for (char& c : line) {
             c = c == '\n' || c == '\r' ? ' ' : c;
         }
-        std::fprintf(stderr, "%s\n", line.c_str());
+        tell(line);
     };
     try {
         work();
@@ -220,47 +230,54 @@ int Player::attempt(const Place& place, const std::string& name, const Work& wor
     } catch (const Abandoned& inner) {
         return inner.status;
     } catch (const InputError& error) {
-        tell(error);
+        tellOf(error);
         return statusUnusable;
     } catch (const ApplicationDied& error) {
-        _application.reset();
-        tell(error);
+        _phone.forget();
+        tellOf(error);
     } catch (const std::exception& error) {
-        tell(error);
+        tellOf(error);
     }
     return statusFailed;
 }
 
 Screen& Player::screen(const Command& command) {
-    if (!_application) {
+    Screen* running = _phone.screen();
+    if (!running) {
         throw InputError("the phone application does not run; put `- launchApp` before " + command.name);
     }
-    return *_application;
+    return *running;
 }
 
 void Player::launch() {
     stop();
-    _application = std::make_unique<ApplicationProcess>(
-        ApplicationProcess::Start{_options.executable, _options.root, _settings, _wallClock});
+    _phone.start(_settings, _wallClock);
     tellLoaderLines();
     if (!_storeAnswers.empty()) {
-        _application->setStoreAnswers(_storeAnswers);
+        _phone.screen()->setStoreAnswers(_storeAnswers);
     }
 }
 
 void Player::tellLoaderLines() {
-    for (const std::string& line : _application->loaderLines()) {
+    for (const std::string& line : _phone.loaderLines()) {
         if (_loaderLines.insert(line).second) {
-            std::fprintf(stderr, "phone: %s\n", line.c_str());
+            tell("phone: " + line);
         }
     }
 }
 
+void Player::tell(const std::string& line) const {
+    if (_options.tell) {
+        _options.tell(line);
+    } else {
+        std::fprintf(stderr, "%s\n", line.c_str());
+    }
+}
+
 void Player::stop() {
-    if (_application) {
-        _application->settle();
-        _application->stop();
-        _application.reset();
+    if (Screen* running = _phone.screen()) {
+        running->settle();
+        _phone.end();
         _storeAnswers.clear(); // goes with the process
     }
 }

@@ -1,11 +1,12 @@
 /// Plays flows on a phone.
 #pragma once
 
-#include "phone/flow/ApplicationProcess.h"
 #include "phone/flow/Engine.h"
 #include "phone/flow/Flow.h"
+#include "phone/flow/FlowPhone.h"
 #include "phone/flow/PlayReport.h"
 
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -18,17 +19,23 @@ namespace phone {
 class Player {
 public:
     struct Options {
-        std::string root;       // the phone's root folder; absolute
-        std::string out;        // where pictures and dumps go; absolute
-        PhoneOptions phone;     // go before a flow's header
-        double startedAt = 0;   // the wall clock's first moment where nothing else is given
-        std::string executable; // the phone application
+        std::string root;                             // the phone's root folder; absolute
+        std::string out;                              // where pictures and dumps go; absolute
+        PhoneOptions phone;                           // go before a flow's header
+        double startedAt = 0;                         // the wall clock's first moment where nothing else is given
+        std::string executable;                       // the phone application; of no use on a phone that is given
+        bool leavesRunning = false;                   // whether the application goes on at the end
+        std::function<void(const std::string&)> tell; // takes what is to be said; standard error unless given
+        std::function<void(const Command&)> begins;   // hears of each command before it is done
     };
 
-    explicit Player(Options options) : _options(std::move(options)) {}
+    /// On a phone of its own, whose time stands still but for the commands.
+    explicit Player(Options options);
+    /// The phone has to outlive the player.
+    Player(Options options, FlowPhone& phone);
 
-    /// Gives the program's exit status: that of the first failure, 0 without one. Each failure is one
-    /// line on standard error; the rest of its flow is not played. At the end the application is ended.
+    /// Gives the program's exit status: that of the first failure, 0 without one. Each failure is told in one
+    /// line; the rest of its flow is not played. At the end the application is ended.
     int play(const std::vector<Flow>& flows);
 
     const PlayReport& report() const { return _report; }
@@ -45,7 +52,8 @@ private:
     /// Throws InputError when the application does not run.
     Screen& screen(const Command& command);
     void launch();
-    /// What the loader has said and was not told yet, a line each on standard error.
+    void tell(const std::string& line) const;
+    /// What the loader has said and was not told yet, a line each.
     void tellLoaderLines();
     /// Lets everything come to rest, then ends the application; nothing when none runs.
     void stop();
@@ -54,12 +62,13 @@ private:
 
     Options _options;
     PlayReport _report;
-    LaunchSettings _settings;                         // of the flow that is played
-    std::string _clockZone;                           // the zone that the command line's `now` was last read in
-    double _wallClock = 0;                            // stands still but for setClock
-    std::set<std::string> _loaderLines;               // what was told of the loader's
-    std::string _storeAnswers;                        // as set for this run, or for the next one; "" for the usual
-    std::unique_ptr<ApplicationProcess> _application; // nullptr when none runs
+    LaunchSettings _settings;           // of the flow that is played
+    std::string _clockZone;             // the zone that the command line's `now` was last read in
+    double _wallClock = 0;              // stands still but for setClock
+    std::set<std::string> _loaderLines; // what was told of the loader's
+    std::string _storeAnswers;          // as set for this run, or for the next one; "" for the usual
+    std::unique_ptr<FlowPhone> _own;    // nullptr when a phone was given
+    FlowPhone& _phone;
 };
 
 } // namespace phone

@@ -11,31 +11,12 @@ namespace phone {
 
 namespace {
 
-/// The texts that a person reads on an element.
-std::vector<std::string> texts(pugi::xml_node node) {
-    std::vector<std::string> all;
-    const auto add = [&](const char* name) {
-        if (const auto attribute = node.attribute(name); attribute && *attribute.value()) {
-            all.emplace_back(attribute.value());
-        }
-    };
-    add("text");
-    add("label");
-    if (all.empty()) {
-        add("placeholder"); // gone from the screen as soon as there is text
-    }
-    if (!node.attribute("controller")) {
-        add("title"); // a controller's title is not on the screen by itself
-    }
-    return all;
-}
-
 bool matches(pugi::xml_node node, const Selector& selector) {
     if (selector.id && !(node.attribute("id") && selector.id->matches(node.attribute("id").value()))) {
         return false;
     }
     if (selector.text) {
-        const auto all = texts(node);
+        const auto all = ScreenElement(node).texts();
         return std::any_of(all.begin(), all.end(), [&](const auto& text) { return selector.text->matches(text); });
     }
     return selector.id.has_value();
@@ -68,6 +49,24 @@ std::optional<ScreenPoint> ScreenElement::touchPoint() const {
     std::istringstream text(_node.attribute("touch").value());
     text.imbue(std::locale::classic());
     return text >> point.x >> point.y ? std::optional(point) : std::nullopt;
+}
+
+std::vector<std::string> ScreenElement::texts() const {
+    std::vector<std::string> all;
+    const auto add = [&](const char* name) {
+        if (const auto attribute = _node.attribute(name); attribute && *attribute.value()) {
+            all.emplace_back(attribute.value());
+        }
+    };
+    add("text");
+    add("label");
+    if (all.empty()) {
+        add("placeholder"); // gone from the screen as soon as there is text
+    }
+    if (!_node.attribute("controller")) {
+        add("title"); // a controller's title is not on the screen by itself
+    }
+    return all;
 }
 
 ScreenRect ScreenElement::rect() const {
@@ -119,6 +118,13 @@ std::vector<ScreenElement> ScreenTree::visible(const Selector& selector) const {
         return index < found.size() ? std::vector{found[index]} : std::vector<ScreenElement>{};
     }
     return found;
+}
+
+pugi::xml_node ScreenTree::hit() const {
+    const std::string_view identity = _screen.attribute("hit").value();
+    return identity.empty()
+               ? pugi::xml_node()
+               : _screen.find_node([&](pugi::xml_node node) { return identity == node.attribute("identity").value(); });
 }
 
 std::vector<ScreenElement> ScreenTree::visibleWith(const char* attribute) const {

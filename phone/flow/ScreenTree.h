@@ -41,6 +41,8 @@ public:
     int quarterTurns() const { return _node.attribute("turned").as_int(); }
     /// A point of its rectangle.
     ScreenPoint at(const PointSpec& point) const;
+    /// What a person reads on it.
+    std::vector<std::string> texts() const;
     /// Whether it is one of the keyboard's own.
     bool isOfKeyboard() const;
     pugi::xml_node node() const { return _node; }
@@ -65,6 +67,8 @@ public:
     std::vector<ScreenElement> all(const Selector& selector) const;
     /// Those of them that are visible; with an index that one alone, if there is one.
     std::vector<ScreenElement> visible(const Selector& selector) const;
+    /// The view that a touch reaches, of a tree for a point; null where there is none.
+    pugi::xml_node hit() const;
     /// All visible elements that have the attribute, in tree order.
     std::vector<ScreenElement> visibleWith(const char* attribute) const;
 

@@ -47,9 +47,13 @@ std::vector<Yaml> Yaml::documents(const std::string& file) {
     if (!stream) {
         throw InputError({file, 0}, "cannot be read");
     }
+    return documentsIn(content.str(), file);
+}
+
+std::vector<Yaml> Yaml::documentsIn(const std::string& text, const std::string& file) {
     try {
         std::vector<Yaml> all;
-        for (YAML::Node& node : YAML::LoadAll(terminated(content.str()))) {
+        for (YAML::Node& node : YAML::LoadAll(terminated(text))) {
             all.emplace_back(std::move(node), file);
         }
         return all;

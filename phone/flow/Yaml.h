@@ -22,6 +22,8 @@ public:
 
     /// All documents of a file; throws when it cannot be read or is no YAML.
     static std::vector<Yaml> documents(const std::string& file);
+    /// The same of a text; `name` stands for the file in what is wrong with it.
+    static std::vector<Yaml> documentsIn(const std::string& text, const std::string& name);
 
     Place place() const { return {_file, _node.Mark().line + 1}; }
     [[noreturn]] void fail(const std::string& what) const { throw InputError(place(), what); }

@@ -133,7 +133,8 @@ LivePhone::Status LivePhone::status() const {
             .launch = _launches,
             .process = _process ? _process->processIdentifier() : 0,
             .settings = _settings,
-            .clockStands = _standingClock.has_value()};
+            .clockStands = _standingClock.has_value(),
+            .loaderLines = _process ? _process->loaderLines() : std::vector<std::string>()};
 }
 
 nlohmann::json LivePhone::request(const nlohmann::json& command) {
@@ -325,6 +326,11 @@ bool LivePhone::isMoving() const {
 bool LivePhone::isFingerDown() const {
     const std::lock_guard lock(_mutex);
     return _finger != 0;
+}
+
+void LivePhone::announce() {
+    const std::lock_guard lock(_mutex);
+    changed();
 }
 
 LivePhone::Finger::Finger(LivePhone& phone) : _phone(phone) {

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace phone {
 
@@ -31,7 +32,8 @@ public:
         std::uint64_t launch = 0; // how often it has been launched
         pid_t process = 0;
         LaunchSettings settings;
-        bool clockStands = false; // whether the wall clock was set, and stands still
+        bool clockStands = false;             // whether the wall clock was set, and stands still
+        std::vector<std::string> loaderLines; // what the loader said while this application came up
     };
 
     /// `root` is the phone's root folder, a path of the host. Nothing runs yet.
@@ -64,6 +66,8 @@ public:
     std::uint64_t waitForChange(std::uint64_t seen, std::chrono::milliseconds longest) const;
     /// Whether something moves by itself right now.
     bool isMoving() const;
+    /// Wakes whoever waits for a change: something beside the screen has.
+    void announce();
 
     /// Waits until nothing moves any more, for so many seconds at most.
     void rest(double longest);

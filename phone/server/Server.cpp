@@ -2,6 +2,7 @@
 
 #include "phone/flow/InputError.h"
 #include "phone/server/Connections.h"
+#include "phone/server/Page.h"
 #include "phone/server/RequestGuard.h"
 #include "phone/webdriver/Protocol.h"
 
@@ -58,7 +59,7 @@ webdriver::Answer refusalOf(int status) {
 
 class Server::Implementation {
 public:
-    Implementation(LivePhone& phone, int port) : _protocol(phone) {
+    Implementation(LivePhone& phone, int port) : _protocol(phone), _page(phone, Page::folderBesideThis()) {
         setLimits();
         _http.new_task_queue = [] { return new Connections; }; // the server deletes it
         listen(port);
@@ -69,6 +70,7 @@ public:
                 send(response, refusalOf(response.status));
             }
         });
+        _page.serveOn(_http); // before the protocol, which takes every path
         const auto toProtocol = [this](const Request& request, Response& response) {
             send(response, _protocol.answer(request.method, request.path,
                                             {request.params.begin(), request.params.end()}, request.body));
@@ -85,6 +87,7 @@ public:
     void run() { _http.listen_after_bind(); }
     void stop() {
         _protocol.endSession();
+        _page.close();
         _http.stop();
     }
 
@@ -127,6 +130,7 @@ private:
 
     httplib::Server _http;
     webdriver::Protocol _protocol;
+    Page _page;
     int _port = 0;
 };
 

@@ -39,6 +39,11 @@ UIWindow TouchDelivery::windowAt(CGPoint point) {
     return nullptr;
 }
 
+UIView TouchDelivery::viewAt(CGPoint point) {
+    const UIWindow window = windowAt(point);
+    return window ? window.hitTest(inWindow(point, window), nullptr) : UIView();
+}
+
 void TouchDelivery::began(CGPoint point) {
     cancel();
     if (UIApplication::shared().isIgnoringInteractionEvents()) {

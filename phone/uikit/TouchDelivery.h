@@ -37,6 +37,8 @@ public:
 
     /// The topmost window that takes a touch at a point of the screen; nil when none does.
     static UIWindow windowAt(CGPoint point);
+    /// The view in it that a touch there reaches; nil where none does.
+    static UIView viewAt(CGPoint point);
 
 private:
     void send();

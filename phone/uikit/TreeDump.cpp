@@ -4,6 +4,7 @@
 #include "phone/uikit/FindingAttributes.h"
 #include "phone/uikit/HeldScreen.h"
 #include "phone/uikit/Reachability.h"
+#include "phone/uikit/TouchDelivery.h"
 #include "phone/uikit/View.h"
 #include "phone/uikit/Window.h"
 #include "platform/uikit/UIScreen.h"
@@ -65,13 +66,18 @@ void write(pugi::xml_node parent, const UIView& view, const Surroundings& around
 
 } // namespace
 
-std::string dumpTree(bool forFinding) {
+std::string dumpTree(bool forFinding, std::optional<CGPoint> touched) {
     pugi::xml_document document;
     pugi::xml_node screen = document.append_child("screen");
     const CGSize size = HeldScreen::shared().size();
     writeAttribute(screen, "width", size.width);
     writeAttribute(screen, "height", size.height);
     writeAttribute(screen, "orientation", HeldScreen::shared().orientation());
+    if (touched) {
+        if (const View* hit = View::of(TouchDelivery::viewAt(*touched))) {
+            writeAttribute(screen, "hit", std::to_string(hit->identity()));
+        }
+    }
     for (const UIWindow& window : Window::all()) {
         write(screen, window, {{}, UIScreen::main().bounds(), true, {}}, forFinding);
     }

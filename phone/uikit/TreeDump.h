@@ -1,6 +1,9 @@
 /// The views on the screen as XML.
 #pragma once
 
+#include "platform/coregraphics/CGGeometry.h"
+
+#include <optional>
 #include <string>
 
 namespace phone {
@@ -10,6 +13,7 @@ namespace phone {
 /// finding, each element also says whether it is `visible`, by how many quarters a person sees it `turned`
 /// clockwise, if any, where a touch reaches it or something inside it, a point that does (`touch`), and what
 /// `FindingAttributes` tells.
-std::string dumpTree(bool forFinding);
+/// With a point of the screen held upright the root says which view a touch there would reach (`hit`: its `identity`).
+std::string dumpTree(bool forFinding, std::optional<CGPoint> touched = std::nullopt);
 
 } // namespace phone
