@@ -1,6 +1,8 @@
 /// One element of the screen as a tester's program meets it.
 #pragma once
 
+#include "phone/flow/ScreenPoint.h"
+
 #include <cstdint>
 #include <optional>
 #include <pugixml.hpp>
@@ -9,11 +11,7 @@
 
 namespace phone::webdriver {
 
-/// A point of the screen, in points, as the person holds the device.
-struct Point {
-    double x = 0;
-    double y = 0;
-};
+using Point = ScreenPoint;
 
 /// A rectangle of the screen, in whole points.
 struct Rect {

@@ -67,8 +67,9 @@ void Engine::tap(const Selector& selector) { press(touchPoint(selector), tapSeco
 
 void Engine::longPress(const Selector& selector) { press(touchPoint(selector), longPressSeconds); }
 
-void Engine::doubleTap(const Selector& selector) {
-    const ScreenPoint point = touchPoint(selector);
+void Engine::doubleTap(const Selector& selector) { pressTwice(touchPoint(selector)); }
+
+void Engine::pressTwice(const ScreenPoint& point) {
     press(point, tapSeconds);
     _screen.advance(doubleTapPause);
     press(point, tapSeconds);
@@ -81,15 +82,22 @@ void Engine::swipe(const PointSpec& start, const PointSpec& end, double seconds)
     drag(from, to, seconds);
 }
 
-void Engine::drag(const ScreenPoint& from, const ScreenPoint& to, double seconds) {
+void Engine::drag(const ScreenPoint& from, const ScreenPoint& to, double seconds, double held) {
     const int steps = std::clamp(static_cast<int>(std::min(std::ceil(seconds / swipeStep), 1000.0)), 1, 120);
     _screen.touch(Screen::Phase::Began, from.x, from.y);
+    if (held > 0) {
+        _screen.advance(held);
+    }
+    move(from, to, seconds, steps);
+    _screen.touch(Screen::Phase::Ended, to.x, to.y);
+}
+
+void Engine::move(const ScreenPoint& from, const ScreenPoint& to, double seconds, int steps) {
     for (int step = 1; step <= steps; ++step) {
         const double part = static_cast<double>(step) / steps;
         _screen.advance(seconds / steps);
         _screen.touch(Screen::Phase::Moved, from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part);
     }
-    _screen.touch(Screen::Phase::Ended, to.x, to.y);
 }
 
 void Engine::erase(long characters) {

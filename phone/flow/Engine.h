@@ -37,6 +37,13 @@ public:
     void doubleTap(const Selector& selector);
     /// The finger goes evenly and stops before it leaves the glass.
     void swipe(const PointSpec& start, const PointSpec& end, double seconds);
+    /// A finger goes down, stays for so many seconds and goes up.
+    void press(const ScreenPoint& point, double seconds);
+    void pressTwice(const ScreenPoint& point);
+    /// A finger goes down, is held still, goes evenly from one point to the other and up.
+    void drag(const ScreenPoint& from, const ScreenPoint& to, double seconds, double held = 0);
+    /// The same of a finger that is down, and stays so, in this many steps.
+    void move(const ScreenPoint& from, const ScreenPoint& to, double seconds, int steps);
     void erase(long characters);
     /// Touches the switch on the line of the label, or the one that the selector names itself.
     void toggle(const Selector& selector);
@@ -56,8 +63,6 @@ public:
 
 private:
     ScreenPoint touchPoint(const Selector& selector);
-    void press(const ScreenPoint& point, double seconds);
-    void drag(const ScreenPoint& from, const ScreenPoint& to, double seconds);
     void turnWheel(const ScreenTree& tree, const ScreenElement& wheel, long rows);
     ScreenPoint checked(const ScreenTree& tree, const ScreenPoint& point) const;
     template <class Question>

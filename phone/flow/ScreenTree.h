@@ -1,6 +1,7 @@
 /// The printed view tree, asked for what a selector names.
 #pragma once
 
+#include "phone/flow/ScreenPoint.h"
 #include "phone/flow/Selector.h"
 
 #include <optional>
@@ -9,12 +10,6 @@
 #include <vector>
 
 namespace phone {
-
-/// A point of the screen, in points, as the person holds the device.
-struct ScreenPoint {
-    double x = 0;
-    double y = 0;
-};
 
 /// A rectangle of the screen, as above.
 struct ScreenRect {

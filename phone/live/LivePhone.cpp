@@ -13,6 +13,7 @@
 #include <sys/eventfd.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace phone {
 
@@ -91,6 +92,7 @@ void LivePhone::start() {
     _glass = std::make_unique<Glass>(pixelsOf(_settings.device));
     ++_launches;
     _epitaph.clear();
+    _touch = nullptr; // went with the application before
     changed();
     try {
         _process =
@@ -147,11 +149,13 @@ nlohmann::json LivePhone::request(const nlohmann::json& command) {
         waitUntilNothingMoves(longestSettling);
     }
     const std::lock_guard lock(_mutex);
+    const nlohmann::json answer = perform(command);
     if (what == "touch") {
+        const bool isUp = command.at("phase") == "ended" || command.at("phase") == "cancelled";
+        _touch = isUp ? nlohmann::json() : command;
         _lastTouch = Clock::now();
-        _lastTouchAt = command;
     }
-    return perform(command);
+    return answer;
 }
 
 void LivePhone::rest(double longest) {
@@ -351,8 +355,7 @@ LivePhone::Finger::Finger(LivePhone& phone) : _phone(phone) {
 LivePhone::Finger::~Finger() {
     const std::lock_guard lock(_phone._mutex);
     if (_phone._finger == _number) {
-        _phone._finger = 0;
-        _phone._news.notify_all();
+        _phone.takeFingerAway();
     }
 }
 
@@ -363,11 +366,16 @@ bool LivePhone::Finger::isHeld() const {
 
 void LivePhone::takeFingerAway() {
     _finger = 0;
-    if (_process && _lastTouchAt.is_object()) {
-        nlohmann::json cancelled = _lastTouchAt;
-        cancelled["phase"] = "cancelled";
-        perform(cancelled);
+    nlohmann::json touch = std::exchange(_touch, nullptr);
+    if (_process && touch.is_object()) {
+        touch["phase"] = "cancelled";
+        try {
+            perform(touch);
+        } catch (const ScreenError&) {
+            // The application has gone, and the touch with it.
+        }
     }
+    _news.notify_all();
 }
 
 } // namespace phone

@@ -82,6 +82,7 @@ public:
     public:
         /// Waits for it. One that rests in the same place for too long is taken away from whoever has it.
         explicit Finger(LivePhone& phone);
+        /// A touch that is still down is cancelled.
         ~Finger();
         Finger(const Finger&) = delete;
         Finger& operator=(const Finger&) = delete;
@@ -130,7 +131,7 @@ private:
     std::uint64_t _fingers = 0;   // how often it has been taken
     std::uint64_t _finger = 0;    // which of these has it; 0 for none
     Clock::time_point _lastTouch; // when it was last taken or moved
-    nlohmann::json _lastTouchAt;  // its command
+    nlohmann::json _touch;        // the last command of one that is down; null for none
     bool _closing = false;
 
     int _alarm = -1; // wakes the timekeeper

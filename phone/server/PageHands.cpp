@@ -18,13 +18,6 @@ void PageHands::go(const std::string& page) {
         left = std::move(hand->second.finger);
         _hands.erase(hand);
     }
-    if (left && left->isHeld()) {
-        try {
-            _phone.touch(Screen::Phase::Cancelled, 0, 0);
-        } catch (const ScreenError&) {
-            // Whatever it touched has gone.
-        }
-    }
 }
 
 void PageHands::grasp(const std::string& page) {

@@ -37,14 +37,9 @@ public:
         const Point to = resolved(_session, move, _at);
         checkOnScreen(_session, to);
         const Point from = _at.value_or(to);
-        if (_session.fingerIsDown()) {
+        if (_session.screen().fingerIsDown()) {
             const int steps = std::max(1, static_cast<int>(std::ceil(_seconds / Engine::swipeStep)));
-            for (int step = 1; step <= steps && !_session.isOver(); ++step) {
-                const double part = static_cast<double>(step) / steps;
-                _session.phone().advance(_seconds / steps);
-                _session.putFinger(Screen::Phase::Moved,
-                                   {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part});
-            }
+            _session.engine().move(from, to, _seconds, steps);
             _passed = true;
         }
         _at = to;
@@ -53,9 +48,12 @@ public:
         if (!_at) {
             throw Refusal(Error::InvalidArgument, "the pointer goes down before it was moved anywhere");
         }
-        _session.putFinger(Screen::Phase::Began, *_at);
+        _session.screen().touch(Screen::Phase::Began, _at->x, _at->y);
     }
-    void operator()(const PointerUp&) { _session.putFinger(Screen::Phase::Ended, _at.value_or(Point{})); }
+    void operator()(const PointerUp&) {
+        const Point at = _at.value_or(Point{});
+        _session.screen().touch(Screen::Phase::Ended, at.x, at.y);
+    }
     void operator()(const KeyDown& down) {
         for (const Stroke& stroke : strokes(down.key)) {
             stroke.kind == Stroke::Kind::Key ? _session.phone().key(stroke.what) : _session.phone().type(stroke.what);
@@ -84,10 +82,10 @@ void perform(Session& session, const std::vector<Tick>& ticks, std::optional<Poi
             std::visit(performer, item);
         }
         if (!performer.hasPassed() && tick.seconds > 0) {
-            session.phone().advance(tick.seconds);
+            session.screen().advance(tick.seconds);
         }
     }
-    if (!session.fingerIsDown()) {
+    if (!session.screen().fingerIsDown()) {
         session.settle();
     }
 }

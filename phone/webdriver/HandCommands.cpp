@@ -228,12 +228,7 @@ json tap(Session& session, const Call& call) {
 
 json doubleTap(Session& session, const Call& call) {
     const Point point = target(session, call);
-    for (int tap = 0; tap < 2; ++tap) {
-        session.putFinger(Screen::Phase::Began, point);
-        session.phone().advance(Engine::tapSeconds);
-        session.putFinger(Screen::Phase::Ended, point);
-        session.phone().advance(tap == 0 ? Engine::doubleTapPause : 0);
-    }
+    session.engine().pressTwice(point);
     session.settle();
     return nullptr;
 }
@@ -282,9 +277,7 @@ json dragFromToForDuration(Session& session, const Call& call) {
     }
     checkOnScreen(session, from);
     checkOnScreen(session, to);
-    session.putFinger(Screen::Phase::Began, from);
-    session.pass(held);
-    moveFinger(session, from, to, usualSwipeSeconds);
+    drag(session, from, to, usualSwipeSeconds, held);
     return nullptr;
 }
 
@@ -301,7 +294,7 @@ json performActions(Session& session, const Call& call) {
     if (!call.has("actions")) {
         throw Refusal(Error::InvalidArgument, "\"actions\" has to be a list of sources");
     }
-    const auto ticks = readActions(call.body.at("actions"), session.fingerIsDown());
+    const auto ticks = readActions(call.body.at("actions"), session.screen().fingerIsDown());
     std::optional<Point> at = session.pointer();
     try {
         perform(session, ticks, at);
@@ -314,7 +307,7 @@ json performActions(Session& session, const Call& call) {
 }
 
 json releaseActions(Session& session, const Call&) {
-    session.liftFinger();
+    session.screen().liftFinger();
     session.setPointer(std::nullopt);
     session.settle();
     return nullptr;

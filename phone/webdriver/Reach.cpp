@@ -1,7 +1,6 @@
 #include "phone/webdriver/Reach.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace phone::webdriver {
 
@@ -76,25 +75,12 @@ Point reach(Session& session, const std::string& reference) {
 }
 
 void touchAt(Session& session, const Point& point, double seconds) {
-    session.putFinger(Screen::Phase::Began, point);
-    session.pass(seconds);
-    session.putFinger(Screen::Phase::Ended, point);
+    session.engine().press(point, seconds);
     session.settle();
 }
 
-void drag(Session& session, const Point& from, const Point& to, double seconds) {
-    session.putFinger(Screen::Phase::Began, from);
-    moveFinger(session, from, to, seconds);
-}
-
-void moveFinger(Session& session, const Point& from, const Point& to, double seconds) {
-    const int steps = std::clamp(static_cast<int>(std::ceil(seconds / Engine::swipeStep)), 1, 600);
-    for (int step = 1; step <= steps; ++step) {
-        const double part = static_cast<double>(step) / steps;
-        session.phone().advance(seconds / steps);
-        session.putFinger(Screen::Phase::Moved, {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part});
-    }
-    session.putFinger(Screen::Phase::Ended, to);
+void drag(Session& session, const Point& from, const Point& to, double seconds, double held) {
+    session.engine().drag(from, to, seconds, held);
     session.settle();
 }
 

@@ -12,10 +12,8 @@ Point reach(Session& session, const std::string& reference);
 /// One short touch, and what follows from it.
 void touchAt(Session& session, const Point& point, double seconds = Engine::tapSeconds);
 
-/// From one point to the other.
-void drag(Session& session, const Point& from, const Point& to, double seconds);
-/// The same with a finger that is down already; it goes up at the end.
-void moveFinger(Session& session, const Point& from, const Point& to, double seconds);
+/// From one point to the other, after being held still.
+void drag(Session& session, const Point& from, const Point& to, double seconds, double held = 0);
 
 /// Throws Refusal, invalid coordinates, for a point that is not on the screen.
 void checkOnScreen(Session& session, const Point& point);

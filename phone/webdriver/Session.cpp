@@ -41,19 +41,6 @@ std::optional<std::array<std::uint64_t, 2>> numbersIn(const std::string& referen
 
 } // namespace
 
-void Session::finish() {
-    _over = true;
-    const std::lock_guard lock(_mutex);
-    if (_finger && _finger->isHeld()) {
-        try {
-            _phone.touch(Screen::Phase::Cancelled, _fingerAt.x, _fingerAt.y);
-        } catch (const ScreenError&) {
-            // The application has gone, and the finger's touch with it.
-        }
-    }
-    _finger.reset();
-}
-
 AccessibilityTree Session::tree() {
     if (const AlertAnswer answer = alertAnswer(); answer != AlertAnswer::None) {
         answerAlert(*this, answer);
@@ -119,70 +106,6 @@ json Session::capabilities() const {
         {"platformName", "iOS"},           {"automationName", "XCUITest"},    {"platformVersion", systemVersion},
         {"deviceName", device->model},     {"bundleId", application->bundle}, {"language", status.settings.language},
         {"timeZone", status.settings.zone}};
-}
-
-void Session::putFinger(Screen::Phase phase, const Point& point) {
-    if (phase == Screen::Phase::Began) {
-        takeFinger();
-    }
-    checkFinger();
-    try {
-        _phone.touch(phase, point.x, point.y);
-    } catch (...) {
-        const std::lock_guard lock(_mutex);
-        _finger.reset();
-        throw;
-    }
-    const std::lock_guard lock(_mutex);
-    _fingerAt = point;
-    if (phase == Screen::Phase::Ended || phase == Screen::Phase::Cancelled) {
-        _finger.reset();
-    }
-}
-
-void Session::takeFinger() {
-    if (fingerIsDown()) {
-        throw Refusal(Error::InvalidElementState, "the session's finger is down already; DELETE actions lifts it");
-    }
-    auto finger = std::make_unique<LivePhone::Finger>(_phone);
-    const std::lock_guard lock(_mutex);
-    _finger = std::move(finger);
-}
-
-void Session::checkFinger() const {
-    const std::lock_guard lock(_mutex);
-    if (_over) {
-        throw Refusal(Error::InvalidSessionId, "the session ended while its finger was on the screen");
-    }
-    if (!_finger || !_finger->isHeld()) {
-        throw Refusal(Error::InvalidElementState, "the session's finger is no longer on the screen");
-    }
-}
-
-void Session::pass(double seconds) const {
-    constexpr double slice = 0.1;
-    for (double left = seconds; left > 0 && !_over; left -= slice) {
-        _phone.advance(std::min(left, slice));
-    }
-}
-
-bool Session::fingerIsDown() const {
-    const std::lock_guard lock(_mutex);
-    return _finger && _finger->isHeld();
-}
-
-void Session::liftFinger() {
-    if (!fingerIsDown()) {
-        const std::lock_guard lock(_mutex);
-        _finger.reset();
-        return;
-    }
-    Point at;
-    {
-        const std::lock_guard lock(_mutex);
-        at = _fingerAt;
-    }
-    putFinger(Screen::Phase::Ended, at);
 }
 
 std::optional<Point> Session::pointer() const {

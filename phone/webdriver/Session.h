@@ -5,8 +5,8 @@
 #include "phone/elements/Refusal.h"
 #include "phone/flow/Engine.h"
 #include "phone/live/LivePhone.h"
+#include "phone/webdriver/ClientScreen.h"
 
-#include <atomic>
 #include <mutex>
 #include <string>
 
@@ -29,17 +29,17 @@ public:
         double script = 30;
     };
 
-    Session(LivePhone& phone, std::string id) : _phone(phone), _id(std::move(id)) {}
-    ~Session() { finish(); }
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    Session(LivePhone& phone, std::string id) : _phone(phone), _screen(phone), _id(std::move(id)) {}
 
     const std::string& id() const { return _id; }
     LivePhone& phone() const { return _phone; }
-    Engine engine() const { return Engine(_phone); }
-    bool isOver() const { return _over; }
+    /// For touches, and for waiting that ends with the session.
+    ClientScreen& screen() { return _screen; }
+    /// Hands on that screen.
+    Engine engine() { return Engine(_screen); }
+    bool isOver() const { return _screen.isOver(); }
     /// Lets go of the screen and of whatever waits.
-    void finish();
+    void finish() { _screen.finish(); }
 
     /// The screen as it stands, after the system's question has been answered where the session says how.
     AccessibilityTree tree();
@@ -58,13 +58,6 @@ public:
     void change(const nlohmann::json& settings);
     nlohmann::json capabilities() const;
 
-    /// The client's finger, which may stay down from one command to the next. Throws Refusal when the session is over,
-    /// when it goes down twice, and when it moves without being down.
-    void putFinger(Screen::Phase phase, const Point& point);
-    /// Lets time pass, until the session is over.
-    void pass(double seconds) const;
-    bool fingerIsDown() const;
-    void liftFinger();
     /// Where the client's actions have left their pointer, down or not; nullopt before the first.
     std::optional<Point> pointer() const;
     void setPointer(const std::optional<Point>& at);
@@ -74,17 +67,13 @@ public:
 
 private:
     AlertAnswer alertAnswer() const;
-    void takeFinger();
-    void checkFinger() const;
 
     LivePhone& _phone;
+    ClientScreen _screen;
     const std::string _id;
-    std::atomic<bool> _over = false;
     mutable std::mutex _mutex; // guards what follows
     Timeouts _timeouts;
     nlohmann::json _settings = {{"defaultAlertAction", ""}, {"waitForIdleTimeout", 10}};
-    std::unique_ptr<LivePhone::Finger> _finger; // nullptr while it is not down
-    Point _fingerAt;
     std::optional<Point> _pointer;
 };
 

@@ -79,7 +79,7 @@ void pickDate(Session& session, const std::string& localTime) {
     }
     const LivePhone::Finger finger(session.phone());
     try {
-        session.engine().pickDate(localTime);
+        Engine(session.phone()).pickDate(localTime);
     } catch (const CommandFailure& failure) {
         throw Refusal(Error::InvalidElementState, failure.what());
     }
