@@ -42,18 +42,27 @@ function(macho_objects result arch)
   set(${result} ${objects} PARENT_SCOPE)
 endfunction()
 
+# What a library is linked against, as it is on devices: names, symbols and versions. A slice asks for the compatibility
+# version that its stub states, and a device does not load one that asks for more than what is installed there states;
+# the hooking libraries state 0. The current versions are those of system 9.3, which nobody compares.
 file(GLOB MACHO_STUBS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/package/stubs/*.tbd)
 
 # The linker for armv7 leaves what its memory happened to hold in the gaps between constants: fresh memory is zero here.
 set(ARMV7_LINK ${CMAKE_COMMAND} -E env GLIBC_TUNABLES=glibc.malloc.tcache_count=0:glibc.malloc.perturb=255 /usr/lib/llvm-13/bin/ld64.lld.darwinold
                -arch armv7 -ios_version_min 6.0 -sdk_version 6.0 -dylib)
 
-# It reads no text stubs either: libraries with the same names and symbols stand in for them.
+# It reads no text stubs either: libraries with the same names, symbols and versions stand in for them.
+function(stub_field result stub field)
+  file(STRINGS ${stub} line REGEX "^${field}:")
+  string(REGEX REPLACE "^${field}: *'?([^']*)'?$" "\\1" value "${line}")
+  set(${result} ${value} PARENT_SCOPE)
+endfunction()
 set(ARMV7_STUBS)
 foreach(stub ${MACHO_STUBS})
   get_filename_component(name ${stub} NAME_WLE)
-  file(STRINGS ${stub} install_name REGEX "^install-name:")
-  string(REGEX REPLACE "^install-name: *'(.*)'" "\\1" install_name ${install_name})
+  stub_field(install_name ${stub} install-name)
+  stub_field(current ${stub} current-version)
+  stub_field(compatible ${stub} compatibility-version)
   file(STRINGS ${stub} symbols REGEX "^      - ")
   list(TRANSFORM symbols REPLACE "^      - (.*)" ".globl \\1\n\\1: .long 0\n")
   string(JOIN "" assembly ".data\n" ${symbols})
@@ -62,7 +71,7 @@ foreach(stub ${MACHO_STUBS})
   add_custom_command(
     OUTPUT ${base}.dylib
     COMMAND ${CMAKE_CXX_COMPILER} -target ${MACHO_TRIPLE_armv7} -c ${base}.s -o ${base}.o
-    COMMAND ${ARMV7_LINK} -install_name ${install_name} -compatibility_version 1 -current_version 1
+    COMMAND ${ARMV7_LINK} -install_name ${install_name} -compatibility_version ${compatible} -current_version ${current}
             -undefined dynamic_lookup -o ${base}.dylib ${base}.o
     DEPENDS ${base}.s
     COMMENT "Mach-O armv7 stub ${name}"
