@@ -23,7 +23,6 @@ namespace phone::macho {
 
 namespace {
 
-constexpr const char* objectRuntime = "/usr/lib/libobjc.A.dylib";
 constexpr char deviceTruth = 'B';
 using DeviceBool = signed char;
 
@@ -116,20 +115,20 @@ void exportRuntime(Exports& exports) {
     exports.add(objectRuntime, {{"_objc_msgSend_stret", code(&phoneMessageSendInMemory)},
                                 {"_objc_msgSendSuper_stret", code(&phoneMessageSendSuperInMemory)}});
 #endif
-    exports.add("/usr/lib/libSystem.B.dylib", {{"__Block_copy", code(&_Block_copy)},
-                                               {"__Block_object_assign", code(&_Block_object_assign)},
-                                               {"__Block_object_dispose", code(&_Block_object_dispose)},
-                                               {"__Block_release", code(&_Block_release)},
-                                               {"__NSConcreteGlobalBlock", &_NSConcreteGlobalBlock},
-                                               {"__NSConcreteStackBlock", &_NSConcreteStackBlock},
-                                               {"___stack_chk_fail", code(&stackSmashed)},
-                                               {"___stack_chk_guard", &stackGuard()},
-                                               {"_memcmp", code(&std::memcmp)},
-                                               {"_memcpy", code(&std::memcpy)},
-                                               {"_memmove", code(&std::memmove)},
-                                               {"_memset", code(&std::memset)},
-                                               {"_strlen", code(&std::strlen)},
-                                               {"dyld_stub_binder", code(&bindLazily)}});
+    exports.add(system, {{"__Block_copy", code(&_Block_copy)},
+                         {"__Block_object_assign", code(&_Block_object_assign)},
+                         {"__Block_object_dispose", code(&_Block_object_dispose)},
+                         {"__Block_release", code(&_Block_release)},
+                         {"__NSConcreteGlobalBlock", &_NSConcreteGlobalBlock},
+                         {"__NSConcreteStackBlock", &_NSConcreteStackBlock},
+                         {"___stack_chk_fail", code(&stackSmashed)},
+                         {"___stack_chk_guard", &stackGuard()},
+                         {"_memcmp", code(&std::memcmp)},
+                         {"_memcpy", code(&std::memcpy)},
+                         {"_memmove", code(&std::memmove)},
+                         {"_memset", code(&std::memset)},
+                         {"_strlen", code(&std::strlen)},
+                         {"dyld_stub_binder", code(&bindLazily)}});
 }
 
 } // namespace phone::macho

@@ -1,8 +1,11 @@
 /// What the libraries of the device offer to others, by library and name.
 #pragma once
 
+#include "phone/macho/Installed.h"
+
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,16 +21,21 @@ public:
 
     /// One library more; names as the object format has them, with their leading underscore,
     /// kept by reference.
-    void add(std::string_view library, const Symbols& symbols);
+    void add(const InstalledLibrary& library, const Symbols& symbols);
 
-    bool has(std::string_view library) const;
+    /// The compatibility version that the library states; nothing where there is no such library.
+    std::optional<Version> version(std::string_view library) const;
     /// The address; nullptr where the library does not have the name.
     const void* find(std::string_view library, std::string_view name) const;
     /// The same in whichever library.
     const void* findAnywhere(std::string_view name) const;
 
 private:
-    std::map<std::string, Symbols, std::less<>> _libraries;
+    struct Offer {
+        Version version;
+        Symbols symbols;
+    };
+    std::map<std::string, Offer, std::less<>> _libraries;
 };
 
 } // namespace phone::macho

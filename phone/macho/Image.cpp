@@ -63,18 +63,15 @@ private:
         case WideSegment:
             return readSegment(bytes);
         case LibraryName:
-            (void)libraryPath(bytes);
+            _image.name = libraryPath(bytes);
             ++_names;
             return;
         case LoadLibrary:
         case LazyLibrary:
         case ReexportedLibrary:
         case UpwardLibrary:
-            _image.dependencies.push_back({libraryPath(bytes), false});
-            return;
         case WeakLibrary:
-            _image.dependencies.push_back({libraryPath(bytes), true});
-            return;
+            return readDependency(bytes);
         case FixupsOldForm:
         case Fixups:
             if (_fixups) {
@@ -114,6 +111,12 @@ private:
             throw Refusal("the name of a library lies over its command");
         }
         return bytes.text(name, "the name of a library");
+    }
+
+    void readDependency(const Bytes& bytes) {
+        const auto command = bytes.at<LibraryCommand>(0, "the name of a library");
+        _image.dependencies.push_back(
+            {libraryPath(bytes), {command.compatibleVersion}, command.command.kind == WeakLibrary});
     }
 
     void checkSymbolTable(const SymbolTableCommand& table) const {

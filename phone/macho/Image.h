@@ -3,6 +3,7 @@
 
 #include "phone/macho/Bytes.h"
 #include "phone/macho/CompactUnwind.h"
+#include "phone/macho/Dependency.h"
 #include "phone/macho/Fixups.h"
 #include "phone/macho/Format.h"
 #include "phone/macho/Segment.h"
@@ -23,6 +24,7 @@ struct Image {
     bool isCode(std::uint64_t address) const;
 
     Bytes slice;
+    std::string_view name;         // the path it is made for
     std::vector<Segment> segments; // in the order of their addresses
     std::vector<Dependency> dependencies;
     std::vector<std::uint64_t> rebases;

@@ -25,10 +25,20 @@ int hostProtection(const Segment& segment) {
            ((segment.protection & Execute) != 0 ? PROT_EXEC : 0);
 }
 
+/// Whether there is a library for the dependency; throws a Refusal where there must be one and is not.
+bool isThere(const Dependency& dependency, const Image& image, const Exports& exports) {
+    const auto provided = exports.version(dependency.path);
+    if (!provided && !dependency.isWeak) {
+        throw Refusal("it needs " + shown(dependency.path) + ", which there is not");
+    }
+    return provided && serves(*provided, dependency, image.name);
+}
+
 /// The address for a bind that finds a definition; nullptr otherwise.
 const void* definition(const Bind& bind, const Image& image, const Exports& exports) {
     if (bind.library > 0) {
-        return exports.find(image.dependencies[static_cast<std::size_t>(bind.library - 1)].path, bind.symbol);
+        const Dependency& dependency = image.dependencies[static_cast<std::size_t>(bind.library - 1)];
+        return isThere(dependency, image, exports) ? exports.find(dependency.path, bind.symbol) : nullptr;
     }
     // What the executable offers is none of the libraries'; what this one offers, nothing here asks it for.
     return bind.library == AnyLibrary || bind.library == WeakLookup ? exports.findAnywhere(bind.symbol) : nullptr;
@@ -38,9 +48,7 @@ const void* definition(const Bind& bind, const Image& image, const Exports& expo
 
 Library::Library(const Image& image, const Exports& exports) : _image(image) {
     for (const Dependency& dependency : image.dependencies) {
-        if (!dependency.isWeak && !exports.has(dependency.path)) {
-            throw Refusal("it needs " + shown(dependency.path) + ", which there is not");
-        }
+        (void)isThere(dependency, image, exports);
     }
     void* reserved = mmap(nullptr, image.end() - image.start(), PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (reserved == MAP_FAILED) {

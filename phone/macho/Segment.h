@@ -22,10 +22,4 @@ struct Segment {
     }
 };
 
-/// A library that this one needs; binds name it by its position.
-struct Dependency {
-    std::string_view path;
-    bool isWeak = false; // may be missing
-};
-
 } // namespace phone::macho

@@ -2,6 +2,7 @@
 
 #include "phone/macho/Format.h"
 #include "phone/macho/Image.h"
+#include "phone/macho/Installed.h"
 #include "phone/macho/Slice.h"
 #include "phone/packages/PackageError.h"
 
@@ -40,7 +41,12 @@ void checkMachO(const std::string& path, const macho::Bytes& library) {
         throw PackageError(path + " holds a slice for " + names + " and none for " + macho::nameOf(thisProcessor) +
                            ", which the phone here runs on" + packageToTake());
     }
-    (void)macho::Image::read(macho::findSlice(library));
+    const auto image = macho::Image::read(macho::findSlice(library));
+    for (const macho::Dependency& dependency : image.dependencies) {
+        if (const auto provided = macho::installedVersion(dependency.path)) {
+            (void)macho::serves(*provided, dependency, image.name);
+        }
+    }
 }
 
 /// As far as the system looks before it maps one.

@@ -299,7 +299,7 @@ class BrokenVariants : public testing::TestWithParam<unsigned> {};
 TEST_P(BrokenVariants, AreRefusedOrMapped) {
     Exports exports = Exports::ofThePhone();
     static int anything = 0;
-    exports.add("/usr/lib/libHost.dylib",
+    exports.add({"/usr/lib/libHost.dylib", Version::of(1)},
                 {{"_hostNumbers", &anything}, {"_hostRecord", &anything}, {"_hostTake", &anything}});
     Variants variants(guest(), exports, GetParam());
 

@@ -133,7 +133,7 @@ TEST(DeviceRuntime, AddedMethodsHaveTheEncodingOfThisMachine) {
     EXPECT_STREQ(function<const char*(Method)>("_method_getTypeEncoding")(method), "B@:");
 }
 
-TEST(DeviceRuntime, EveryNameThatTheLibraryIsLinkedAgainstIsThere) {
+TEST(DeviceRuntime, EveryNameThatTheLibraryIsLinkedAgainstIsThereInTheSameVersion) {
     int names = 0;
     for (const auto& file : std::filesystem::directory_iterator(SOURCE_DIRECTORY "/package/stubs")) {
         std::istringstream lines(readBytes(file.path()));
@@ -142,7 +142,10 @@ TEST(DeviceRuntime, EveryNameThatTheLibraryIsLinkedAgainstIsThere) {
         for (std::string line; std::getline(lines, line);) {
             if (line.starts_with("install-name: '")) {
                 library = line.substr(15, line.size() - 16);
-                EXPECT_TRUE(Exports::ofThePhone().has(library)) << library;
+                ASSERT_TRUE(installedVersion(library)) << library;
+                EXPECT_EQ(Exports::ofThePhone().version(library), installedVersion(library));
+            } else if (line.starts_with("compatibility-version: ")) {
+                EXPECT_EQ(installedVersion(library)->text(), line.substr(23) + ".0.0") << library;
             } else if (line.starts_with("  - targets: ")) {
                 isForThisProcessor = line.find(nameOf(thisProcessor)) != std::string::npos;
             } else if (line.starts_with("      - ") && isForThisProcessor) {

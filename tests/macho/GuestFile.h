@@ -70,6 +70,19 @@ inline SectionEntry& section(std::string& bytes, const std::string& name) {
 
 inline FixupsCommand& fixups(std::string& bytes) { return in<FixupsCommand>(bytes, commandAt(bytes, Fixups)); }
 
+/// The load command that asks for this library.
+inline LibraryCommand& dependency(std::string& bytes, std::string_view path) {
+    std::uint64_t at = sizeof(Header);
+    for (std::uint32_t i = 0; i < header(bytes).commandCount; ++i) {
+        auto& command = in<LibraryCommand>(bytes, at);
+        if (command.command.size > sizeof(LibraryCommand) && path == &in<char>(bytes, at + sizeof(LibraryCommand))) {
+            return command;
+        }
+        at += command.command.size;
+    }
+    throw std::logic_error("the small library has no such dependency");
+}
+
 /// A file of two slices, the second for this processor.
 inline std::string fat(std::uint32_t processor, const std::string& slice) {
     const auto big = [](std::uint32_t number) { return __builtin_bswap32(number); };

@@ -27,7 +27,7 @@ void take(const char* name, const void* address) { taken[name] = address; }
 namespace phone::macho {
 namespace {
 
-constexpr const char* hostPath = "/usr/lib/libHost.dylib";
+constexpr InstalledLibrary host = {"/usr/lib/libHost.dylib", Version::of(1)};
 
 template <class Function>
 const void* code(Function* function) {
@@ -39,10 +39,17 @@ protected:
     LibraryTest() {
         recorded.clear();
         taken.clear();
-        exports.add(hostPath, {{"_hostNumbers", &numbers}, {"_hostRecord", code(&record)}, {"_hostTake", code(&take)}});
+        exports.add(host, {{"_hostNumbers", &numbers}, {"_hostRecord", code(&record)}, {"_hostTake", code(&take)}});
     }
 
     void loadGuest() const { load(GUEST, exports); }
+    /// The small library, asking for a later version of the other one than there is, in a load command of this kind.
+    static std::string askingForMore(std::uint32_t kind) {
+        std::string bytes = guest();
+        dependency(bytes, host.path).command.kind = kind;
+        dependency(bytes, host.path).compatibleVersion = 0x0001'0203;
+        return bytes;
+    }
     std::string refusalOf(const std::string& bytes) const {
         try {
             load(folder.write("Guest.dylib", bytes), exports);
@@ -106,7 +113,7 @@ TEST_F(LibraryTest, AWeakImportThatIsMissingIsNull) {
 }
 
 TEST_F(LibraryTest, AWeakImportThatIsThereIsBound) {
-    exports.add(hostPath, {{"_hostMayLack", &present}});
+    exports.add(host, {{"_hostMayLack", &present}});
 
     loadGuest();
 
@@ -120,7 +127,7 @@ TEST_F(LibraryTest, ASharedDefinitionIsItsOwnWhereNobodyElseHasOne) {
 }
 
 TEST_F(LibraryTest, ASharedDefinitionGivesWayToAnothers) {
-    exports.add(hostPath, {{"__ZN6Shared6numberE", &sharedByAnother}});
+    exports.add(host, {{"__ZN6Shared6numberE", &sharedByAnother}});
 
     loadGuest();
 
@@ -153,7 +160,7 @@ TEST_F(LibraryTest, AnExceptionPassesThroughItsFrames) {
 
 TEST_F(LibraryTest, AMissingSymbolIsNamedAndNothingRuns) {
     exports = Exports::ofThePhone();
-    exports.add(hostPath, {{"_hostRecord", code(&record)}, {"_hostTake", code(&take)}});
+    exports.add(host, {{"_hostRecord", code(&record)}, {"_hostTake", code(&take)}});
 
     EXPECT_EQ(refusalOf(guest()), "the symbol _hostNumbers is missing");
     EXPECT_TRUE(recorded.empty());
@@ -161,8 +168,8 @@ TEST_F(LibraryTest, AMissingSymbolIsNamedAndNothingRuns) {
 
 TEST_F(LibraryTest, ASymbolOfAnotherLibraryIsMissing) {
     exports = Exports::ofThePhone();
-    exports.add(hostPath, {{"_hostRecord", code(&record)}, {"_hostTake", code(&take)}});
-    exports.add("/usr/lib/libOther.dylib", {{"_hostNumbers", &numbers}});
+    exports.add(host, {{"_hostRecord", code(&record)}, {"_hostTake", code(&take)}});
+    exports.add({"/usr/lib/libOther.dylib", Version::of(1)}, {{"_hostNumbers", &numbers}});
 
     EXPECT_EQ(refusalOf(guest()), "the symbol _hostNumbers is missing");
 }
@@ -171,6 +178,29 @@ TEST_F(LibraryTest, AMissingLibraryIsNamed) {
     exports = Exports::ofThePhone();
 
     EXPECT_EQ(refusalOf(guest()), "it needs /usr/lib/libHost.dylib, which there is not");
+}
+
+// Holds: load-versions
+TEST_F(LibraryTest, AnOlderLibraryThanItNeedsIsNamedInTheWordsOfTheDevicesLoader) {
+    for (const std::uint32_t kind : {LoadLibrary, ReexportedLibrary, UpwardLibrary}) {
+        EXPECT_EQ(refusalOf(askingForMore(kind)),
+                  "Library not loaded: /usr/lib/libHost.dylib; Reason: Incompatible library version: "
+                  "libGuest.dylib requires version 1.2.3 or later, but libHost.dylib provides version 1.0.0");
+    }
+    EXPECT_TRUE(recorded.empty());
+}
+
+TEST_F(LibraryTest, ALaterLibraryThanItNeedsWillDo) {
+    exports.add({host.path, {0x0001'0203}}, {});
+
+    EXPECT_EQ(refusalOf(askingForMore(LoadLibrary)), "");
+
+    EXPECT_EQ(recorded.size(), 3U);
+}
+
+// Holds: load-versions
+TEST_F(LibraryTest, AnOlderLibraryThatMayBeMissingIsMissing) {
+    EXPECT_EQ(refusalOf(askingForMore(WeakLibrary)), "the symbol _hostNumbers is missing");
 }
 
 TEST_F(LibraryTest, APointerIntoItselfThatLeadsOutIsRefused) {

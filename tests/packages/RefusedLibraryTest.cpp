@@ -81,6 +81,23 @@ TEST_F(RefusedLibraryTest, WithPointersThatLeadElsewhere) {
     expectNotLoaded(bytes, "a pointer into itself points elsewhere");
 }
 
+TEST_F(RefusedLibraryTest, ThatAsksForALaterVersionThanDevicesHave) {
+    const std::string needed = "/usr/lib/libSystem.B.dylib";
+    std::string bytes = guest();
+    dependency(bytes, needed).compatibleVersion = 0x0001'0000;
+    EXPECT_EQ(install(packageOf(bytes)), 0) << errors;
+
+    for (const std::uint32_t kind : {LoadLibrary, ReexportedLibrary, UpwardLibrary}) {
+        dependency(bytes, needed).command.kind = kind;
+        dependency(bytes, needed).compatibleVersion = 0x0001'0001;
+        expectNotLoaded(bytes, "Library not loaded: /usr/lib/libSystem.B.dylib; Reason: Incompatible library version: "
+                               "libGuest.dylib requires version 1.0.1 or later, but libSystem.B.dylib provides "
+                               "version 1.0.0");
+    }
+    dependency(bytes, needed).command.kind = WeakLibrary; // to the loader it is missing
+    EXPECT_EQ(install(packageOf(bytes)), 0) << errors;
+}
+
 TEST_F(RefusedLibraryTest, WhatIsNone) {
     expectForeign("text");
     expectForeign("");
