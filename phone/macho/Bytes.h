@@ -59,6 +59,7 @@ public:
     ByteReader(const Bytes& bytes, const char* what) : _bytes(bytes), _what(what) {}
 
     bool atEnd() const { return _at == _bytes.size(); }
+    std::uint64_t left() const { return _bytes.size() - _at; }
     std::uint8_t byte() { return next<std::uint8_t>(); }
     template <class T>
     T next() {

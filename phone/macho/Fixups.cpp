@@ -71,6 +71,24 @@ const char* name(BindKind kind) {
     return kind == BindKind::Regular ? "the binds" : kind == BindKind::Weak ? "the weak binds" : "the lazy binds";
 }
 
+/// Lazy binds stand each for itself, and weak ones for every library: later loaders refuse what older ones only read.
+bool isFor(BindKind kind, std::uint8_t instruction) {
+    switch (instruction) {
+    case BindType:
+    case BindAdvance:
+    case BindAndAdvance:
+    case BindAndAdvancePointers:
+    case BindTimesSkipping:
+        return kind != BindKind::Lazy;
+    case BindLibrarySmall:
+    case BindLibrary:
+    case BindLibrarySpecial:
+        return kind != BindKind::Weak;
+    default:
+        return true;
+    }
+}
+
 /// Collects the binds while the instructions set what they have in common.
 class Binds {
 public:
@@ -88,6 +106,9 @@ private:
     /// False after the last one.
     bool step(ByteReader& reader) {
         const std::uint8_t byte = reader.byte();
+        if (!isFor(_kind, upper(byte))) {
+            refuseInstruction(name(_kind), byte);
+        }
         switch (upper(byte)) {
         case BindDone:
             if (_kind != BindKind::Lazy) {
@@ -211,6 +232,9 @@ std::vector<std::uint64_t> readRebases(const Bytes& instructions, const std::vec
         const std::uint8_t byte = reader.byte();
         switch (upper(byte)) {
         case RebaseDone:
+            if (reader.left() > pointerBytes) { // so much is padding
+                throw Refusal(std::string(what) + " go on after their end");
+            }
             return rebases;
         case RebaseType:
             checkType(what, lower(byte));

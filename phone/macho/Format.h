@@ -65,6 +65,7 @@ inline constexpr std::uint32_t required = 0x80000000;
 
 enum CommandKind : std::uint32_t {
     SymbolTable = 0x02,
+    IndirectSymbols = 0x0b,
     LoadLibrary = 0x0c,
     LibraryName = 0x0d,
     WideSegment = 0x19,
@@ -125,6 +126,13 @@ struct FixupsCommand {
 struct SymbolTableCommand {
     Command command;
     std::uint32_t symbols, symbolCount, texts, textBytes;
+};
+
+struct IndirectSymbolsCommand {
+    Command command;
+    std::uint32_t ownFirst, ownCount, definedFirst, definedCount, undefinedFirst, undefinedCount, contents,
+        contentCount, modules, moduleCount, references, referenceCount, indirect, indirectCount, relocations,
+        relocationCount, ownRelocations, ownRelocationCount;
 };
 
 struct LinkEditCommand {

@@ -1,6 +1,7 @@
 #include "phone/macho/Image.h"
 
 #include "phone/macho/Format.h"
+#include "phone/macho/LinkEdit.h"
 
 #include <algorithm>
 #include <cstring>
@@ -80,13 +81,15 @@ private:
             _fixups = bytes.at<FixupsCommand>(0, "the command of the fixups");
             return;
         case SymbolTable:
-            return checkSymbolTable(bytes.at<SymbolTableCommand>(0, "the command of the symbol table"));
+            return readSymbolTable(bytes.at<SymbolTableCommand>(0, "the command of the symbol table"));
+        case IndirectSymbols:
+            return _linkEdit.add(bytes.at<IndirectSymbolsCommand>(0, "the command of the indirect symbols"));
         case CodeSignature:
         case FunctionStarts:
         case DataInCode: {
             const auto data = bytes.at<LinkEditCommand>(0, "a load command");
             (void)slice().part(data.offset, data.size, "what a load command points to");
-            return;
+            return _linkEdit.add(data);
         }
         case WideEncryption:
             if (bytes.at<EncryptionCommand>(0, "the command of the encryption").system != 0) {
@@ -119,10 +122,11 @@ private:
             {libraryPath(bytes), {command.compatibleVersion}, command.command.kind == WeakLibrary});
     }
 
-    void checkSymbolTable(const SymbolTableCommand& table) const {
+    void readSymbolTable(const SymbolTableCommand& table) {
         constexpr std::uint64_t symbolBytes = 16;
         (void)slice().part(table.symbols, table.symbolCount * symbolBytes, "the symbol table");
         (void)slice().part(table.texts, table.textBytes, "the symbols' texts");
+        _linkEdit.add(table);
     }
 
     void readSegment(const Bytes& bytes) {
@@ -162,6 +166,9 @@ private:
         if ((segment.protection & ~(Read | Write | Execute)) != 0 || (segment.protection & ~greatestProtection) != 0 ||
             (segment.protection & (Write | Execute)) == (Write | Execute)) {
             throw Refusal(name + " has a protection that no segment has");
+        }
+        if ((segment.protection & Execute) != 0 && segment.size != segment.fileSize) {
+            throw Refusal(name + " is run and not all in the file");
         }
         // The file keeps the order of the addresses, so that one look back finds every overlap.
         if (!_image.segments.empty()) {
@@ -219,8 +226,8 @@ private:
             throw Refusal("no segments");
         }
         const Segment& first = _image.segments.front();
-        if (first.fileOffset != 0 || first.fileSize < commandsEnd || (first.protection & Read) == 0) {
-            throw Refusal("the first segment does not hold the header");
+        if (first.fileOffset != 0 || first.fileSize < commandsEnd || first.protection != (Read | Execute)) {
+            throw Refusal("the first segment does not hold the header, to be read and run");
         }
         if (_image.end() - _image.start() > mostBytes) {
             throw Refusal("the segments lie too far apart");
@@ -229,6 +236,7 @@ private:
             readFixups(*_fixups);
         }
         checkPointers();
+        _linkEdit.check(_image.segments);
         if (_unwindInfo.size() > 0) {
             _image.unwindEntries = readCompactUnwind(_unwindInfo, _textAddress, _processor);
             for (const UnwindEntry& entry : _image.unwindEntries) {
@@ -251,6 +259,7 @@ private:
         binds(fixups.weakBindOffset, fixups.weakBindSize, BindKind::Weak, "the weak binds");
         binds(fixups.lazyBindOffset, fixups.lazyBindSize, BindKind::Lazy, "the lazy binds");
         (void)slice().part(fixups.exportOffset, fixups.exportSize, "the exports");
+        _linkEdit.add(fixups);
     }
 
     /// What the library's pointers into itself lead to.
@@ -299,6 +308,7 @@ private:
     Image _image;
     Header _header{};
     int _names = 0;
+    LinkEdit _linkEdit;
     std::optional<FixupsCommand> _fixups;
     Bytes _unwindInfo;
     std::uint64_t _textAddress = 0;

@@ -108,6 +108,10 @@ INSTANTIATE_TEST_SUITE_P(
                "segment __LINKEDIT overlaps another"},
         Broken{"WrittenAndRun", [](auto& b) { segment(b, Data).protection = segment(b, Data).greatestProtection = 7; },
                "segment __DATA has a protection"},
+        Broken{"HeaderThatIsNotRun", [](auto& b) { segment(b, Text).protection = Read; },
+               "the first segment does not hold the header, to be read and run"},
+        Broken{"RunOutsideTheFile", [](auto& b) { segment(b, Text).fileSize -= 0x1000; },
+               "segment __TEXT is run and not all in the file"},
         Broken{"BeyondGreatest", [](auto& b) { segment(b, Text).protection = Read | Write; }, "segment __TEXT has a"},
         Broken{"SectionCount", [](auto& b) { segment(b, Data).sectionCount = 0x10000000; }, "segment __DATA has sec"},
         Broken{"UnclearName",
@@ -128,6 +132,43 @@ INSTANTIATE_TEST_SUITE_P(
                "initialisers by offset"},
         Broken{"ClassesOfTheCompiler", [](auto& b) { std::memcpy(section(b, "__data").name, "__objc_classlist", 16); },
                "section __objc_classlist holds data of the compiler's"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    LastSegment, BrokenImage,
+    testing::Values(
+        Broken{
+            "Writable",
+            [](auto& b) { segment(b, LinkEdit).protection = segment(b, LinkEdit).greatestProtection = Read | Write; },
+            "the last segment is not the one of the tables, to be read alone"},
+        Broken{"OfAnotherName", [](auto& b) { segment(b, LinkEdit).name[2] = 'X'; }, "the last segment is not the one"},
+        Broken{"WithASecondOne", [](auto& b) { std::memcpy(segment(b, Data).name, "__LINKEDIT", 11); },
+               "the last segment is not the one"},
+        Broken{"WithoutIndirectSymbols", [](auto& b) { in<Command>(b, commandAt(b, IndirectSymbols)).kind = 0x1b; },
+               "no load command of the indirect symbols"},
+        Broken{"WithOldRelocations", [](auto& b) { indirectSymbols(b).relocationCount = 1; },
+               "relocations of the old form beside fixups"},
+        Broken{"WithOldRelocationsOfItsOwn", [](auto& b) { indirectSymbols(b).ownRelocationCount = 1; },
+               "relocations of the old form beside fixups"},
+        Broken{"SignedTwice",
+               [](auto& b) {
+                   in<Command>(b, commandAt(b, FunctionStarts)).kind = CodeSignature;
+                   in<Command>(b, commandAt(b, DataInCode)).kind = CodeSignature;
+               },
+               "it is signed twice"},
+        Broken{"TextsBeforeTheirSymbols", [](auto& b) { symbols(b).texts = symbols(b).symbols - 1; },
+               "the symbols' texts lie before what they have to follow"},
+        Broken{"TablesOverEachOther", [](auto& b) { functionStarts(b).offset = fixups(b).bindOffset + 1; },
+               "the tables of the code lie over others or outside the last segment"},
+        Broken{"TableOutside", [](auto& b) { functionStarts(b).offset = 0; },
+               "the tables of the code lie over others or outside the last segment"},
+        Broken{"IndirectSymbolsBehindTheTexts",
+               [](auto& b) {
+                   symbols(b).textBytes = 4;
+                   indirectSymbols(b).indirect = symbols(b).texts + 4;
+                   indirectSymbols(b).indirectCount = 1;
+               },
+               "the indirect symbols lie behind the symbols' texts"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
@@ -179,6 +220,14 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"EndlessBinds", binds({0x11, 0x40, 'a',  0x00, 0x71, 0x00, 0xc0, 0xff, 0xff, 0xff, 0xff,
                                       0x7f, 0xf8, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0x01}),
                "the binds are more than there are places"},
+        Broken{"RebasesAfterTheLast", rebases({0x11, 0x21, 0x00, 0x51, 0x00, 0, 0, 0, 0, 0, 0, 0, 0, 0x51}),
+               "the rebases go on after their end"},
+        Broken{"LazyBindType", [](auto& b) { write(b, fixups(b).lazyBindOffset, {0x51}); },
+               "the lazy binds hold the unknown instruction 81"},
+        Broken{"LazyBindsInARow", [](auto& b) { write(b, fixups(b).lazyBindOffset, {0xb1}); },
+               "the lazy binds hold the unknown instruction 177"},
+        Broken{"WeakBindOfALibrary", [](auto& b) { write(b, fixups(b).weakBindOffset, {0x11}); },
+               "the weak binds hold the unknown instruction 17"},
         Broken{"EndlessSymbol",
                [](auto& b) {
                    write(b, fixups(b).bindOffset, {0x40, 'a', 'b', 'c'});

@@ -68,6 +68,18 @@ inline SectionEntry& section(std::string& bytes, const std::string& name) {
     }
 }
 
+inline SymbolTableCommand& symbols(std::string& bytes) {
+    return in<SymbolTableCommand>(bytes, commandAt(bytes, SymbolTable));
+}
+
+inline IndirectSymbolsCommand& indirectSymbols(std::string& bytes) {
+    return in<IndirectSymbolsCommand>(bytes, commandAt(bytes, IndirectSymbols));
+}
+
+inline LinkEditCommand& functionStarts(std::string& bytes) {
+    return in<LinkEditCommand>(bytes, commandAt(bytes, FunctionStarts));
+}
+
 inline FixupsCommand& fixups(std::string& bytes) { return in<FixupsCommand>(bytes, commandAt(bytes, Fixups)); }
 
 /// The load command that asks for this library.
