@@ -125,6 +125,19 @@ TEST_F(Package, HasTheseFields) {
     }
 }
 
+TEST_F(Package, TellsWhereItDoesNothingAndHowThePhoneApplicationTakesItIn) {
+    for (const std::string& suffix : suffixes) {
+        const std::string description = output("dpkg-deb -f '" + package(suffix) + "' Description");
+        for (const char* words : {"\n killall -9 InCallService MobilePhone\n", "as root", "never during a call",
+                                  "After installing and after removing", "arm64e", "/Library"}) {
+            EXPECT_THAT(description, HasSubstr(words));
+        }
+        for (const std::string& line : lines(description)) {
+            EXPECT_LE(line.size(), 80U) << line;
+        }
+    }
+}
+
 TEST_F(Package, KeepsWhatThePhoneApplicationWroteThroughAnUpgrade) {
     for (const std::string& suffix : suffixes) {
         EXPECT_EQ(output("dpkg-deb -I '" + package(suffix) + "' conffiles"),
