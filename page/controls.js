@@ -8,6 +8,7 @@ const setText = (id, text) => { if (find(id).textContent !== text) find(id).text
 const orientations = ["PORTRAIT", "LANDSCAPE_LEFT", "UPSIDE_DOWN", "LANDSCAPE_RIGHT"]; // each one turn to the left
 let orientation = "PORTRAIT";
 let settings = null; // as the phone runs with
+const chosen = ["device", "app", "system", "region", "hours"]; // of them, beside the language
 let languagesKnown = false;
 
 const possible = {
@@ -47,8 +48,7 @@ function localTime(zone) {
 function showSettings(now) {
   if (JSON.stringify(now) === JSON.stringify(settings)) return;
   settings = now;
-  find("device").value = now.device;
-  find("app").value = now.app;
+  for (const name of chosen) find(name).value = now[name];
   chooseLanguage();
 }
 
@@ -102,9 +102,10 @@ export function start() {
   find("device").addEventListener("change", () => { // each device has its own application
     find("app").value = find("device").value === "iphone4" ? "older" : "newer";
   });
-  find("restart").addEventListener("click", () => post("settings", {
-    device: find("device").value, app: find("app").value, language: find("language").value,
-  }));
+  find("restart").addEventListener("click", () => {
+    find("region").value = find("region").value.toUpperCase();
+    post("settings", Object.fromEntries([...chosen, "language"].map((name) => [name, find(name).value])));
+  });
 
   on("state", (state) => {
     orientation = state.orientation ?? orientation;

@@ -19,7 +19,7 @@ function showLife({ life, epitaph, settings, loader }) {
   if (life === "running") {
     over.hidden = true;
     const lacking = loader.length > 0 ? `; ${loader.join("; ")}` : "";
-    setStatus(`Live: ${settings.device}, ${settings.app} application, ${settings.language}${lacking}`, lacking ? "bad" : "good");
+    setStatus(`Live: ${settings.device}, system ${settings.system}, ${settings.app} application, ${settings.language}${lacking}`, lacking ? "bad" : "good");
     return;
   }
   const died = life === "died";

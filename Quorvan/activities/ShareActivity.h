@@ -1,6 +1,7 @@
 /// What the three share activities have in common: each opens its compose screen in a navigation controller.
 #pragma once
 
+#include "Quorvan/common/NewerSystems.h"
 #include "Quorvan/common/Resources.h"
 #include "platform/uikit/UIActivity.h"
 #include "platform/uikit/UINavigationController.h"
@@ -31,7 +32,9 @@ public:
     UIViewController activityViewController() const {
         const auto compose = objc::make<objc::Ref<typename T::Compose>>();
         compose.template send<"setActivity:">(*this);
-        return UINavigationController::withRoot(compose);
+        const auto screen = UINavigationController::withRoot(compose);
+        coverScreen(screen);
+        return screen;
     }
 };
 

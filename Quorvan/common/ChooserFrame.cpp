@@ -1,5 +1,6 @@
 #include "Quorvan/common/ChooserFrame.h"
 
+#include "Quorvan/common/NewerSystems.h"
 #include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
 #include "Quorvan/common/ScreenState.h"
@@ -79,6 +80,7 @@ UITableView ChooserFrame::addTable(const UIViewController& chooser, CGRect frame
 
 UIDatePicker ChooserFrame::addPicker(const UIViewController& chooser, CGRect frame) {
     const auto picker = UIDatePicker::withFrame(frame);
+    keepWheels(picker);
     picker.setFrame(frame);
     picker.addTarget(chooser, objc::selector<"pickerChanged:">(), UIControlEventValueChanged);
     _panel.addSubview(picker);

@@ -1,5 +1,6 @@
 #include "Quorvan/common/Panel.h"
 
+#include "Quorvan/common/NewerSystems.h"
 #include "Quorvan/common/Resources.h"
 #include "Quorvan/note/LineCreator.h"
 #include "platform/uikit/UIDevice.h"
@@ -25,6 +26,7 @@ CGPoint quarterOrigin(CGFloat panelHeight) {
 UIView makePanel(CGSize size, CGPoint origin) {
     const auto panel = UIView::withFrame({origin, size});
     panel.setBackgroundColor(UIColor::white());
+    stayLight(panel);
     return panel;
 }
 

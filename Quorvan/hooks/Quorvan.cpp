@@ -6,6 +6,7 @@
 #include "Quorvan/activities/ReminderMake.h"
 #include "platform/substrate/Substrate.h"
 #include "platform/uikit/UIGestureRecognizer.h"
+#include "platform/uikit/UIPopoverPresentationController.h"
 
 namespace quorvan {
 
@@ -65,6 +66,15 @@ NSArray excludedTypes() {
     return excluded;
 }
 
+/// From 8 on a tablet shows the sheet as a popover, which has to know where it hangs.
+void anchorToTapArea(const UIActivityViewController& sheet, const UIViewController& callScreen) {
+    if (objc::responds<"popoverPresentationController">(sheet)) {
+        const auto popover = sheet.popoverPresentationController();
+        popover.setSourceView(callScreen.view());
+        popover.setSourceRect(tapAreaFrame);
+    }
+}
+
 /// The action of the tap area. Its encoding names no argument, so it takes none.
 void invokeShare(id self, SEL) {
     const auto activities =
@@ -73,7 +83,9 @@ void invokeShare(id self, SEL) {
     sheet.setModalTransitionStyle(UIModalTransitionStyle::CoverVertical);
     sheet.setExcludedActivityTypes(excludedTypes());
     if (sheet) {
-        objc::borrow<UIViewController>(self).present(sheet, true, nullptr);
+        const auto callScreen = objc::borrow<UIViewController>(self);
+        anchorToTapArea(sheet, callScreen);
+        callScreen.present(sheet, true, nullptr);
     }
 }
 

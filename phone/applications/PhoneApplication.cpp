@@ -5,9 +5,9 @@
 #include "phone/applications/IdleScreen.h"
 #include "phone/applications/ShareTargets.h"
 #include "phone/device/Settings.h"
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/Presentation.h"
 #include "platform/uikit/UIApplication.h"
-#include "platform/uikit/UIScreen.h"
 
 namespace phone {
 
@@ -28,7 +28,7 @@ class PhoneApplication {
 public:
     void start() {
         _idle = objc::as<UIViewController>(objc::Ref<IdleScreen>::make());
-        _window = UIWindow::withFrame(UIScreen::main().bounds());
+        _window = UIWindow::withFrame(Interface::screen());
         _window.setBackgroundColor(UIColor::black());
         _window.setRootViewController(_idle);
         _window.makeKeyAndVisible();

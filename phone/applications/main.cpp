@@ -24,16 +24,24 @@ struct Options {
 
 /// Throws std::invalid_argument with a line for the person.
 Options parse(int argc, char** argv) {
-    enum Option { Socket = 1, Display, Root, Device, App, Language, Now, Zone, ClockRuns };
-    static constexpr option known[] = {
-        {"socket-fd", required_argument, nullptr, Socket}, {"display-fd", required_argument, nullptr, Display},
-        {"root", required_argument, nullptr, Root},        {"device", required_argument, nullptr, Device},
-        {"app", required_argument, nullptr, App},          {"language", required_argument, nullptr, Language},
-        {"now", required_argument, nullptr, Now},          {"zone", required_argument, nullptr, Zone},
-        {"clock-runs", no_argument, nullptr, ClockRuns},   {nullptr, 0, nullptr, 0}};
+    enum Option { Socket = 1, Display, Root, Device, App, Language, Region, Hours, System, Now, Zone, ClockRuns };
+    static constexpr option known[] = {{"socket-fd", required_argument, nullptr, Socket},
+                                       {"display-fd", required_argument, nullptr, Display},
+                                       {"root", required_argument, nullptr, Root},
+                                       {"device", required_argument, nullptr, Device},
+                                       {"app", required_argument, nullptr, App},
+                                       {"language", required_argument, nullptr, Language},
+                                       {"region", required_argument, nullptr, Region},
+                                       {"hours", required_argument, nullptr, Hours},
+                                       {"system", required_argument, nullptr, System},
+                                       {"now", required_argument, nullptr, Now},
+                                       {"zone", required_argument, nullptr, Zone},
+                                       {"clock-runs", no_argument, nullptr, ClockRuns},
+                                       {nullptr, 0, nullptr, 0}};
     Options options;
     std::string device = "iphone5";
     std::string application;
+    std::string system(phone::usualSystem);
     for (int found = 0; (found = getopt_long(argc, argv, "", known, nullptr)) != -1;) {
         switch (found) {
         case Socket:
@@ -53,6 +61,15 @@ Options parse(int argc, char** argv) {
             break;
         case Language:
             options.settings.language = optarg;
+            break;
+        case Region:
+            options.settings.region = optarg;
+            break;
+        case Hours:
+            options.settings.hours = phone::hoursNamed(optarg);
+            break;
+        case System:
+            system = optarg;
             break;
         case Now:
             options.settings.now = std::stod(optarg);
@@ -78,7 +95,12 @@ Options parse(int argc, char** argv) {
     if (!profile) {
         throw std::invalid_argument("no such application: " + application);
     }
+    const auto systemProfile = phone::systemNamed(system);
+    if (!systemProfile) {
+        throw std::invalid_argument("no such system: " + system);
+    }
     options.settings.device = *deviceProfile;
+    options.settings.system = *systemProfile;
     options.settings.application = *profile;
     return options;
 }

@@ -14,6 +14,11 @@ constexpr DeviceProfile devices[] = {
     {.name = "other", .width = 320, .height = 568, .idiom = 2, .model = "iPod touch", .application = "newer"},
 };
 
+constexpr SystemProfile systems[] = {
+    {.name = usualSystem, .number = 7, .version = "7.0", .coreFoundation = 847.20},
+    {.name = "8", .number = 8, .version = "8.0", .coreFoundation = 1140.10},
+};
+
 constexpr ApplicationProfile applications[] = {
     {.name = "newer", .bundle = "com.apple.InCallService", .executable = "InCallService"},
     {.name = "older", .bundle = "com.apple.mobilephone", .executable = "MobilePhone"},
@@ -32,6 +37,8 @@ std::optional<Profile> named(const Profile (&all)[N], std::string_view name) {
 } // namespace
 
 std::optional<DeviceProfile> deviceNamed(std::string_view name) { return named(devices, name); }
+
+std::optional<SystemProfile> systemNamed(std::string_view name) { return named(systems, name); }
 
 std::optional<ApplicationProfile> applicationNamed(std::string_view name) { return named(applications, name); }
 

@@ -1,4 +1,4 @@
-/// The devices and phone applications that the phone can be.
+/// The devices, systems and phone applications that the phone can be.
 #pragma once
 
 #include <optional>
@@ -21,6 +21,17 @@ struct DeviceProfile {
     bool isTablet() const { return idiom == 1; }
 };
 
+/// One generation of the system.
+struct SystemProfile {
+    std::string_view name;    // as the command line gives it
+    int number = 0;           // from which on it is that new: 7, 8
+    std::string_view version; // as `UIDevice` answers it
+    double coreFoundation = 0;
+};
+
+/// The system of a phone of which nothing else is said.
+inline constexpr std::string_view usualSystem = "7";
+
 /// One phone application.
 struct ApplicationProfile {
     std::string_view name;       // "newer", "older"
@@ -30,6 +41,7 @@ struct ApplicationProfile {
 
 /// nullopt for a name that is not known.
 std::optional<DeviceProfile> deviceNamed(std::string_view name);
+std::optional<SystemProfile> systemNamed(std::string_view name);
 std::optional<ApplicationProfile> applicationNamed(std::string_view name);
 /// By its bundle identifier.
 std::optional<ApplicationProfile> applicationOfBundle(std::string_view bundle);

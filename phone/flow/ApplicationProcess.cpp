@@ -66,10 +66,18 @@ std::vector<std::string> arguments(const ApplicationProcess::Start& start) {
                                     start.settings.application,
                                     "--language",
                                     start.settings.language,
+                                    "--system",
+                                    start.settings.system,
                                     "--zone",
                                     start.settings.zone,
                                     "--now",
                                     now.data()};
+    if (!start.settings.region.empty()) {
+        all.insert(all.end(), {"--region", start.settings.region});
+    }
+    if (!start.settings.hours.empty()) {
+        all.insert(all.end(), {"--hours", start.settings.hours});
+    }
     if (start.clockRuns) {
         all.emplace_back("--clock-runs");
     }

@@ -43,20 +43,18 @@ struct Given {
     int port = Server::usualPort;
 };
 
-void check(const char* option, const std::optional<std::string>& value) {
-    if (value) {
-        if (const auto wrong = whatIsWrongWith(option, *value)) {
-            throw InputError("--" + std::string(option) + ": " + *wrong);
-        }
+void check(std::string_view option, const std::string& value) {
+    if (const auto wrong = whatIsWrongWith(option, value)) {
+        throw InputError("--" + std::string(option) + ": " + *wrong);
     }
 }
 
 void checkPhone(const PhoneOptions& phone) {
-    check("device", phone.device);
-    check("app", phone.application);
-    check("language", phone.language);
-    check("now", phone.now);
-    check("zone", phone.zone);
+    for (const PhoneOption& option : phoneOptions) {
+        if (const auto& value = phone.*option.value) {
+            check(option.name, *value);
+        }
+    }
 }
 
 /// The root folder of an existing phone, absolute.
@@ -159,17 +157,17 @@ int parseAndRun(int argc, char** argv) {
     plays->add_option("flows", given.flows, "FLOW.yaml")->required();
     plays->add_option("--root", given.root)->required();
     plays->add_option("--out", given.out)->required();
-    plays->add_option("--now", given.phone.now);
     plays->add_option("--report", given.report);
 
     CLI::App* serves = app.add_subcommand("serve");
     serves->add_option("--root", given.root)->required();
     serves->add_option("--port", given.port);
-    for (CLI::App* runs : {plays, serves}) {
-        runs->add_option("--device", given.phone.device);
-        runs->add_option("--app", given.phone.application);
-        runs->add_option("--language", given.phone.language);
-        runs->add_option("--zone", given.phone.zone);
+    for (const PhoneOption& option : phoneOptions) {
+        const std::string dashed = "--" + std::string(option.name);
+        plays->add_option(dashed, given.phone.*option.value);
+        if (option.name != "now") { // in real time the clock goes with this machine's
+            serves->add_option(dashed, given.phone.*option.value);
+        }
     }
 
     CLI::App* prints = app.add_subcommand("records");

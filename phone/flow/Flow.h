@@ -20,6 +20,9 @@ struct PhoneOptions {
     std::optional<std::string> device;
     std::optional<std::string> application;
     std::optional<std::string> language;
+    std::optional<std::string> region;
+    std::optional<std::string> hours;
+    std::optional<std::string> system;
     std::optional<std::string> now; // local time in the zone
     std::optional<std::string> zone;
 };

@@ -10,21 +10,21 @@ namespace phone {
 namespace {
 
 PhoneOptions readPhone(const Yaml& node) {
-    const YamlMap keys = node.map("phone", {"device", "app", "language", "now", "zone"});
+    std::vector<std::string_view> names;
+    for (const PhoneOption& option : phoneOptions) {
+        names.push_back(option.name);
+    }
+    const YamlMap keys = node.map("phone", names);
     PhoneOptions options;
-    const auto take = [&](const char* key, std::optional<std::string>& into) {
-        if (const auto value = keys.find(key)) {
-            into = value->text(key);
-            if (const auto wrong = whatIsWrongWith(key, *into)) {
+    for (const PhoneOption& option : phoneOptions) {
+        if (const auto value = keys.find(option.name)) {
+            const std::string given = value->text(std::string(option.name));
+            if (const auto wrong = option.whatIsWrongWith(given)) {
                 value->fail(*wrong);
             }
+            options.*option.value = given;
         }
-    };
-    take("device", options.device);
-    take("app", options.application);
-    take("language", options.language);
-    take("now", options.now);
-    take("zone", options.zone);
+    }
     return options;
 }
 

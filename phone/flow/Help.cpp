@@ -7,8 +7,10 @@ const char* const helpText = R"(phone: a telephone with Quorvan on it
 USAGE
   phone new     --root DIR [--stores FILE.yaml]
   phone play    FLOW.yaml ... --root DIR --out DIR [--device DEVICE] [--app APP] [--language TAG]
+                [--region DE] [--hours 12|24] [--system 7|8]
                 [--now 2026-03-05T14:37:12] [--zone Europe/Berlin] [--report FILE.json]
-  phone serve   --root DIR [--port 8100] [--device DEVICE] [--app APP] [--language TAG] [--zone Europe/Berlin]
+  phone serve   --root DIR [--port 8100] [--device DEVICE] [--app APP] [--language TAG]
+                [--region DE] [--hours 12|24] [--system 7|8] [--zone Europe/Berlin]
   phone records --root DIR [--json] [--zone Europe/Berlin]
   phone install FILE.deb --root DIR
   phone install --remove PACKAGE --root DIR
@@ -30,6 +32,10 @@ OPTIONS
   --device    iphone4 (3.5 inch), iphone5 (4 inch; unless told otherwise), ipad, other
   --app       newer or older; iphone4 runs the older, the others the newer
   --language  en unless told otherwise
+  --region    where the person lives: decides hours, first weekday, the order of dates. Unless told otherwise the
+              language's own ("AT" of de-AT), or where most people speak it
+  --hours     12 or 24, the person's own choice; unless told otherwise as is usual in the region
+  --system    7 unless told otherwise; from 8 a tablet shows the share sheet as a popover and wants its anchor
   --zone      a name of the time zone database; UTC unless told otherwise
   --now       the local time at which the wall clock stands; the present unless told otherwise
   --port      8100 unless told otherwise; 0 for one that is free
@@ -50,7 +56,8 @@ STORES FILE (what is left out is as here)
 
 FLOWS
   name: A note                        # the header, of which nothing is needed
-  phone: {device: iphone5, app: newer, language: de, now: "2026-03-05T14:37:12", zone: Europe/Berlin}
+  phone: {device: iphone5, app: newer, language: de, region: AT, hours: 24, system: 7,
+          now: "2026-03-05T14:37:12", zone: Europe/Berlin}
   env: {WHO: Anna}                    # ${WHO} in any text below
   ---
   - launchApp

@@ -19,7 +19,7 @@ std::optional<Number> parsed(const std::string& text) {
     return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
 }
 
-std::string joined(std::initializer_list<std::string_view> words) {
+std::string joined(const std::vector<std::string_view>& words) {
     std::string all;
     for (std::string_view word : words) {
         all += (all.empty() ? "" : ", ") + std::string(word);
@@ -121,7 +121,7 @@ std::vector<std::pair<Yaml, Yaml>> Yaml::pairs(const std::string& name) const {
     return all;
 }
 
-YamlMap Yaml::map(const std::string& name, std::initializer_list<std::string_view> known) const {
+YamlMap Yaml::map(const std::string& name, const std::vector<std::string_view>& known) const {
     auto all = pairs(name);
     for (const auto& [key, value] : all) {
         const std::string word = key.text("");

@@ -3,7 +3,6 @@
 
 #include "phone/flow/InputError.h"
 
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,7 +42,7 @@ public:
     double number(const std::string& name, double least) const;
     std::vector<Yaml> list(const std::string& name) const;
     /// Refuses keys that are not among `known`.
-    YamlMap map(const std::string& name, std::initializer_list<std::string_view> known) const;
+    YamlMap map(const std::string& name, const std::vector<std::string_view>& known) const;
     /// Any keys, in the file's order; refuses a key that stands twice.
     std::vector<std::pair<Yaml, Yaml>> pairs(const std::string& name) const;
 

@@ -13,6 +13,11 @@ namespace phone {
 /// Makes subclasses see a method that was replaced in the class: this runtime looks after the class alone.
 inline void updateSubclasses(Class cls) { __objc_update_dispatch_table_for_class(cls); }
 
+/// What a method gives to a caller that does not own it.
+inline id autoreleased(objc::Object object) {
+    return objc::detail::call<id>(object.relinquish(), objc::selector<"autorelease">());
+}
+
 /// Replaces the instance method `Sel`, which the class answers already; where it only inherits it, the
 /// superclass keeps its own. Answers the implementation that was in effect.
 template <objc::FixedString Sel, class R, class... A>

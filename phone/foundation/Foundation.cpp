@@ -2,6 +2,7 @@
 
 #include "phone/foundation/Bundle.h"
 #include "phone/foundation/DateComponents.h"
+#include "phone/foundation/DateFormatter.h"
 #include "phone/foundation/FileLog.h"
 #include "phone/foundation/PropertyList.h"
 #include "phone/foundation/Surroundings.h"
@@ -19,6 +20,7 @@ void installFoundation() {
         installBundles();
         installValues();
         installDateComponents();
+        installDateFormatters();
         return true;
     }();
     (void)once;

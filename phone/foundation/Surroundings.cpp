@@ -8,7 +8,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
 
 namespace phone {
@@ -30,16 +29,10 @@ struct NSProcessInfo : NSObject {
     static constexpr auto objc_name = "NSProcessInfo";
 };
 
-id autoreleased(objc::Object object) {
-    return objc::detail::call<id>(object.relinquish(), objc::selector<"autorelease">());
-}
-
 id languages(id, SEL) { return autoreleased(NSArray::of(string(settings().language))); }
 
-/// "de-AT" is the language's tag, "de_AT" the locale's identifier.
 id currentLocale(id, SEL) {
-    std::string identifier = settings().language;
-    std::replace(identifier.begin(), identifier.end(), '-', '_');
+    const std::string identifier = localeIdentifier(settings().language, settings().region);
     return autoreleased(NSLocale::withIdentifier(string(identifier)));
 }
 

@@ -3,8 +3,8 @@
 
 namespace phone {
 
-/// Makes the user's languages, the current locale and the time zone those of `settings()`, and the process's
-/// environment the one that `prepareEnvironment` made: Foundation looked at it before the program began.
+/// Makes the user's languages, the current locale (language and region) and the time zone those of `settings()`, and
+/// the process's environment the one that `prepareEnvironment` made: Foundation looked at it before the program began.
 void installSurroundings();
 
 } // namespace phone

@@ -1,5 +1,7 @@
 #include "phone/packages/PhonePackages.h"
 
+#include "phone/device/Profile.h"
+
 #include <algorithm>
 #include <array>
 
@@ -27,8 +29,9 @@ const std::vector<PackageFields>& phonePackages() {
     static const auto* all = [] {
         auto* packages = new std::vector<PackageFields>;
         // The system's own version is a package to others, as on a device.
-        for (const auto& [name, version] :
-             {std::pair{"firmware", "7.0"}, {"mobilesubstrate", "0.9.5000"}, {"preferenceloader", "2.2.2"}}) {
+        for (const auto& [name, version] : {std::pair{"firmware", std::string(systemNamed(usualSystem)->version)},
+                                            {"mobilesubstrate", "0.9.5000"},
+                                            {"preferenceloader", "2.2.2"}}) {
             ControlFields fields;
             fields.set("Package", name);
             fields.set("Version", version);

@@ -162,11 +162,15 @@ void FlowRecorder::setPermissions(const Moment& moment, Access reminders, Access
 void FlowRecorder::launch(const Moment& moment) { add(moment, "launchApp"); }
 
 std::string FlowRecorder::text() const {
-    const LaunchSettings& settings = _beginning.settings;
-    std::string all = "name: Recorded " + _beginning.localTime + "\nphone: {device: " + settings.device +
-                      ", app: " + settings.application + ", language: " + flowQuoted(settings.language) +
-                      ", now: " + flowQuoted(_beginning.localTime) + ", zone: " + flowQuoted(settings.zone) +
-                      "}\n---\n";
+    PhoneOptions options = optionsFor(_beginning.settings);
+    options.now = _beginning.localTime;
+    std::string phone;
+    for (const PhoneOption& option : phoneOptions) {
+        if (const auto& value = options.*option.value) {
+            phone += (phone.empty() ? "" : ", ") + std::string(option.name) + ": " + flowQuoted(*value);
+        }
+    }
+    std::string all = "name: Recorded " + _beginning.localTime + "\nphone: {" + phone + "}\n---\n";
     for (const Written& command : _commands) {
         all += "- ";
         all += command.kind == Kind::Text    ? "inputText: " + flowQuoted(command.text)

@@ -168,26 +168,22 @@ void refuseWhile(bool busy, const char* what) {
 json settings(PageDesk& desk, const json& body) {
     refuseWhile(desk.recording.isOn(), "a flow is of one device, application and language; stop recording first");
     refuseWhile(desk.player.state().at("running"), "a flow is being played; stop it first");
-    const LaunchSettings now = desk.phone.status().settings;
     PhoneOptions options;
-    options.language = now.language;
-    options.zone = now.zone;
-    const auto take = [&](const char* name, std::optional<std::string>& into) {
+    for (const PhoneOption& option : phoneOptions) {
+        const std::string name(option.name);
         if (body.contains(name)) {
-            into = textIn(body, name);
-            if (const auto wrong = whatIsWrongWith(name, *into)) {
-                throw PageRefusal(*wrong);
-            }
+            options.*option.value = textIn(body, name.c_str());
         }
-    };
-    take("device", options.device);
-    take("app", options.application);
-    take("language", options.language);
-    take("zone", options.zone);
-    if (!options.device) { // another device has an application of its own
-        options.application = options.application.value_or(now.application);
     }
-    options.device = options.device.value_or(now.device);
+    options = completed(options, desk.phone.status().settings);
+    for (const PhoneOption& option : phoneOptions) {
+        auto& value = options.*option.value;
+        if (value && value->empty()) {
+            value.reset(); // the choice of nothing in particular
+        } else if (const auto wrong = value ? option.whatIsWrongWith(*value) : std::nullopt) {
+            throw PageRefusal(*wrong);
+        }
+    }
     desk.phone.launch(launchSettings(options, {}));
     return json::object();
 }

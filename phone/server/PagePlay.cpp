@@ -13,16 +13,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// What the header leaves open is as the phone is now.
-void fillIn(PhoneOptions& options, const LaunchSettings& now) {
-    if (!options.device) { // another device has an application of its own
-        options.application = options.application.value_or(now.application);
-    }
-    options.device = options.device.value_or(now.device);
-    options.language = options.language.value_or(now.language);
-    options.zone = options.zone.value_or(now.zone);
-}
-
 /// For pictures and dumps; gone again when there were none.
 class OutputFolder {
 public:
@@ -86,7 +76,7 @@ private:
 nlohmann::json PagePlay::play(const std::string& text, const std::string& name) {
     Flow flow = Flow::parse(text, name);
     const LivePhone::Status status = _phone.status();
-    fillIn(flow.phone, status.settings);
+    flow.phone = completed(flow.phone, status.settings);
     const auto phone = std::make_shared<LiveFlowPhone>(_phone);
     const Turn turn(*this, phone);
     const LivePhone::Finger finger(_phone);

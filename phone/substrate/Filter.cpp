@@ -14,8 +14,6 @@ namespace phone {
 
 namespace {
 
-constexpr double coreFoundationVersion = 847.20; // OS 7.0
-
 /// What every application here has loaded besides its own bundle.
 constexpr std::array<std::string_view, 5> frameworks = {"com.apple.CoreFoundation", "com.apple.Foundation",
                                                         "com.apple.CoreGraphics", "com.apple.QuartzCore",
@@ -44,15 +42,16 @@ bool versionMatches(const NSArray& range) {
     if (range.count() != 1 && range.count() != 2) {
         return false;
     }
+    const double version = settings().system.coreFoundation;
     const NSNumber least = number(0);
-    if (!least || coreFoundationVersion < least.doubleValue()) {
+    if (!least || version < least.doubleValue()) {
         return false;
     }
     if (range.count() == 1) {
         return true;
     }
     const NSNumber tooHigh = number(1);
-    return tooHigh && coreFoundationVersion < tooHigh.doubleValue();
+    return tooHigh && version < tooHigh.doubleValue();
 }
 
 bool listMatches(const std::string& key, const NSArray& list) {

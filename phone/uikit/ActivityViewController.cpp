@@ -1,7 +1,11 @@
 #include "phone/uikit/ActivityViewController.h"
 
+#include "phone/device/RunLoop.h"
+#include "phone/device/Settings.h"
+#include "phone/foundation/Raise.h"
 #include "phone/uikit/Activity.h"
 #include "phone/uikit/ActivityTile.h"
+#include "phone/uikit/Color.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/SystemActivity.h"
 #include "phone/uikit/SystemWords.h"
@@ -22,8 +26,9 @@ constexpr double largestWidth = 540; // of the panel, which stands in the middle
 constexpr double cornerRadius = 5;
 constexpr double hairline = 0.5;
 constexpr double cancelTextSize = 20;
-constexpr double dimming = 0.4;       // how black the screen beneath becomes
-constexpr double translucency = 0.97; // how white the panel is
+constexpr double dimming = 0.4;        // how black the screen beneath becomes
+constexpr Color ground{1, 1, 1, 0.97}; // of the panel
+constexpr CGFloat popoverTiles = 4;    // beside each other in a popover
 
 ActivityCategory categoryOf(const UIActivity& activity) {
     const Class cls = object_getClass(activity.raw());
@@ -38,7 +43,7 @@ CGRect below(CGRect frame, double distance) {
 }
 
 void makeRounded(const UIView& view) {
-    view.setBackgroundColor(UIColor::rgba(1, 1, 1, translucency));
+    view.setBackgroundColor(uiColor(ground));
     view.layer().setCornerRadius(cornerRadius);
     view.layer().setMasksToBounds(true);
 }
@@ -69,10 +74,18 @@ ActivityViewController::~ActivityViewController() {
 }
 
 void ActivityViewController::initWithItems(const NSArray& items, const NSArray& activities) {
+    if (items.count() == 0) {
+        raise("NSInvalidArgumentException", "UIActivityViewController needs at least one activity item");
+    }
     super<"init">();
     _items = items;
     _applicationActivities = activities;
-    send<"setModalPresentationStyle:">(ModalPresentationStyle::Custom);
+    const bool comesAsPopover = settings().device.isTablet() && settings().system.number >= 8;
+    setModalPresentationStyle(comesAsPopover ? UIModalPresentationStyle::Popover : UIModalPresentationStyle::Custom);
+}
+
+PopoverPresentationController* ActivityViewController::popover() {
+    return PopoverPresentationController::of(ViewController::of(*this)->popoverPresentationController());
 }
 
 bool ActivityViewController::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
@@ -113,7 +126,7 @@ void ActivityViewController::loadView() {
     root.setAutoresizingMask(UIViewAutoresizing(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight));
     _dimming = UIView::withFrame(root.bounds());
     _dimming.setAutoresizingMask(root.autoresizingMask());
-    _dimming.setBackgroundColor(UIColor::rgba(0, 0, 0, dimming));
+    _dimming.setBackgroundColor(popover() ? UIColor::clear() : UIColor::rgba(0, 0, 0, dimming));
     _dimming.addGestureRecognizer(UITapGestureRecognizer::with(*this, objc::selector<"_cancel:">()));
     root.addSubview(_dimming);
 
@@ -124,6 +137,13 @@ void ActivityViewController::loadView() {
     addRow({_offered.begin(), firstAction});
     addRow({firstAction, _offered.end()});
     root.addSubview(_panel);
+    if (popover()) {
+        _panel.layer().setCornerRadius(popoverRoundness);
+        _arrow = PopoverArrow::with(ground);
+        root.addSubview(objc::as<UIView>(_arrow));
+        send<"setView:">(root);
+        return;
+    }
 
     const auto button = UIButton::withType(UIButtonType::System);
     button.setTitle(cancelWord(), UIControlStateNormal);
@@ -173,8 +193,12 @@ CGRect ActivityViewController::panelFrame() const {
 
 void ActivityViewController::viewDidLayoutSubviews() {
     super<"viewDidLayoutSubviews">();
-    _panel.setFrame(panelFrame());
-    _cancel.setFrame(cancelFrame());
+    if (popover()) {
+        placePopover();
+    } else {
+        _panel.setFrame(panelFrame());
+        _cancel.setFrame(cancelFrame());
+    }
     double y = 0;
     for (const UIScrollView& row : _rows) {
         row.setFrame({0, y, _panel.bounds().size.width, ActivityTile::height()});
@@ -183,17 +207,40 @@ void ActivityViewController::viewDidLayoutSubviews() {
     _line.setFrame({0, ActivityTile::height(), _panel.bounds().size.width, hairline});
 }
 
-// Coming and going: the screen darkens while the panel rises
+void ActivityViewController::placePopover() {
+    const CGSize content{popoverTiles * ActivityTile::width(),
+                         static_cast<CGFloat>(_rows.size()) * ActivityTile::height()};
+    const PopoverPlace place = popover()->place(content, view());
+    _panel.setFrame(place.bubble);
+    _arrow->place(place.arrow, place.direction);
+}
 
-void ActivityViewController::preparePresentation() { animateDismissal(); }
+// Coming and going: the screen darkens while the panel rises; a popover fades in where it hangs
+
+void ActivityViewController::preparePresentation() {
+    if (popover()) {
+        const UIActivityViewController sheet = *this;
+        // The platform looks for the anchor once the cycle in which it was presented is over.
+        RunLoop::main().perform([sheet] { of(sheet)->popover()->checkAnchor(); });
+    }
+    animateDismissal();
+}
 
 void ActivityViewController::animatePresentation() {
+    if (popover()) {
+        view().setAlpha(1);
+        return;
+    }
     _dimming.setAlpha(1);
     _panel.setFrame(panelFrame());
     _cancel.setFrame(cancelFrame());
 }
 
 void ActivityViewController::animateDismissal() {
+    if (popover()) {
+        view().setAlpha(0);
+        return;
+    }
     _dimming.setAlpha(0);
     const double distance = view().bounds().size.height - panelFrame().origin.y;
     _panel.setFrame(below(panelFrame(), distance));

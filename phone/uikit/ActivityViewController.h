@@ -1,6 +1,8 @@
 /// The share sheet: rises over a screen and offers what can be done with some items.
 #pragma once
 
+#include "phone/uikit/PopoverArrow.h"
+#include "phone/uikit/PopoverPresentationController.h"
 #include "phone/uikit/ViewController.h"
 #include "platform/uikit/UIActivity.h"
 #include "platform/uikit/UIScrollView.h"
@@ -9,9 +11,9 @@
 
 namespace phone {
 
-/// UIActivityViewController, as in OS 7 on a phone. It covers the screen beneath without that screen being
-/// told. Above stand the services that share, below the other activities, each row with the system's own
-/// first and then the application's in the order given. An activity that has nothing to do yet is greyed.
+/// UIActivityViewController, as in OS 7 on a phone; on a tablet from OS 8 it is a popover. It covers the screen beneath
+/// without that screen being told. Above stand the services that share, below the other activities, each row with the
+/// system's own first and then the application's in the order given. An activity that has nothing to do yet is greyed.
 class ActivityViewController
     : public objc::Implements<ActivityViewController, UIActivityViewController, UIViewController> {
 public:
@@ -25,6 +27,9 @@ private:
     void initWithItems(const NSArray& items, const NSArray& activities);
     void loadView();
     void viewDidLayoutSubviews();
+    /// nullptr where the sheet is none.
+    PopoverPresentationController* popover();
+    void placePopover();
     void preparePresentation();
     void animatePresentation();
     void animateDismissal();
@@ -55,7 +60,8 @@ private:
     UIView _panel;
     std::vector<UIScrollView> _rows; // upper first; one without activities is left out
     UIView _line;                    // between two rows; nil for one
-    UIView _cancel;
+    UIView _cancel;                  // nil in a popover
+    objc::Ref<PopoverArrow> _arrow;  // nil outside a popover
 };
 
 } // namespace phone

@@ -4,7 +4,6 @@
 #include "phone/uikit/AlertView.h"
 #include "phone/uikit/Animator.h"
 #include "phone/uikit/Interface.h"
-#include "platform/uikit/UIScreen.h"
 
 #include <utility>
 
@@ -31,7 +30,7 @@ void Alerts::ask(Question question) {
 }
 
 void Alerts::showNext() {
-    _window = UIWindow::withFrame(UIScreen::main().bounds());
+    _window = UIWindow::withFrame(Interface::screen());
     _window.setWindowLevel(windowLevel);
     _stage = UIView::withFrame(_window.bounds());
     _stage.setBackgroundColor(UIColor::rgba(0, 0, 0, dimming));

@@ -52,7 +52,7 @@ UIInterfaceOrientation Application::statusBarOrientation() const { return Interf
 
 CGRect Application::statusBarFrame() const {
     const Interface& interface = Interface::shared();
-    return interface.upright({0, 0, interface.size().width, statusBarHeight});
+    return interface.told({0, 0, interface.size().width, statusBarHeight});
 }
 
 void Application::beginIgnoring() {

@@ -16,6 +16,8 @@ public:
     /// The control that shows the item; nil while none does. Not retained.
     void setButton(const UIButton& button) { _button = button; }
     UIButton button() const { return _button.get(); }
+    /// What stands for the item in a bar; nil while nothing does.
+    UIView view() const { return _customView ? _customView : UIView(_button.get()); }
     objc::Object target() const { return _target.get(); }
     /// Sends the action to the target by way of the application, as a touch on the button does. The item
     /// is the sender.

@@ -1,8 +1,10 @@
 #include "phone/uikit/DateWheels.h"
 
-#include "phone/device/Settings.h"
+#include "phone/foundation/HourPattern.h"
+#include "phone/foundation/PersonsDates.h"
 #include "phone/foundation/Text.h"
 #include "phone/uikit/SystemWords.h"
+#include "platform/foundation/NSTimeZone.h"
 
 #include <algorithm>
 #include <array>
@@ -20,57 +22,27 @@ constexpr int hoursInHalfDay = 12;
 constexpr int firstYear = 1583;
 constexpr int lastYear = 9999;
 
-struct NSLocale : NSObject {
-    static constexpr auto objc_name = "NSLocale";
-    using NSObject::NSObject;
-    static NSLocale current() { return objc::sendClass<NSLocale, "currentLocale", NSLocale>(); }
-};
-
-struct NSDateFormatter : NSObject {
-    static constexpr auto objc_name = "NSDateFormatter";
-    using NSObject::NSObject;
-    /// The region's way to write these fields.
-    static std::string pattern(const char* fields) {
-        return text(objc::sendClass<NSDateFormatter, "dateFormatFromTemplate:options:locale:", NSString>(
-            string(fields), objc::UInt(0), NSLocale::current()));
-    }
-};
-
-/// Writes one part of a date in the phone's language.
+/// Writes one part of a date in the person's words and digits. It knows no zone: no clock skips an hour of it.
 class Writer {
 public:
-    explicit Writer(const std::string& pattern) : _formatter(objc::make<NSDateFormatter>()) {
-        _formatter.send<"setLocale:">(NSLocale::current());
-        _formatter.send<"setDateFormat:">(string(pattern));
+    explicit Writer(const std::string& pattern) : _formatter(personsFormatter(pattern)) {
+        _formatter.send<"setTimeZone:">(NSTimeZone::named("UTC"_ns));
     }
 
-    std::string operator()(CalendarFields fields) const {
-        fields.hour = 12; // there is a noon on every day
-        const auto date = NSDate::withSinceReferenceDate(momentOf(fields));
-        return text(_formatter.send<"stringFromDate:", NSString>(date));
+    std::string operator()(const CalendarFields& fields) const {
+        const long minutes = (dayNumber(fields) * 24 + fields.hour) * 60 + fields.minute;
+        const NSTimeInterval moment =
+            static_cast<NSTimeInterval>(minutes) * 60 - daysBeforeReferenceDate * secondsInDay;
+        return text(_formatter.string(NSDate::withSinceReferenceDate(moment)));
     }
 
 private:
+    static constexpr NSTimeInterval daysBeforeReferenceDate = 11323; // since 1970
+    static constexpr NSTimeInterval secondsInDay = 24 * 60 * 60;
     NSDateFormatter _formatter;
 };
 
-/// The pattern without what stands in quotes.
-std::string unquoted(const std::string& pattern) {
-    std::string rest;
-    bool quoted = false;
-    for (const char c : pattern) {
-        if (c == '\'') {
-            quoted = !quoted;
-        } else if (!quoted) {
-            rest += c;
-        }
-    }
-    return rest;
-}
-
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-bool hasTwelveHours() { return unquoted(NSDateFormatter::pattern("j")).find('a') != std::string::npos; }
 
 /// The field's part of a pattern with what belongs to it: "d." of "d. MMMM y", "y年" of "y年M月d日".
 std::string part(const std::string& pattern, char field) {
@@ -93,10 +65,8 @@ std::string part(const std::string& pattern, char field) {
     return found;
 }
 
-std::string twoDigits(long number) { return (number < 10 ? "0" : "") + std::to_string(number); }
-
 DateWheel dayWheel(CGFloat width) {
-    std::string pattern = NSDateFormatter::pattern("EEEMMMd");
+    std::string pattern = personsPattern("EEEMMMd");
     std::erase(pattern, ',');
     const auto title = [write = Writer(pattern)](long row) {
         if (row == dayNumber(calendarFields(NSDate::now().sinceReferenceDate()))) {
@@ -110,23 +80,20 @@ DateWheel dayWheel(CGFloat width) {
 }
 
 DateWheel hourWheel(bool twelve, CGFloat width) {
-    const auto title = [twelve](long row) {
-        if (!twelve) {
-            return twoDigits(row);
-        }
-        const long hour = row % hoursInHalfDay;
-        return std::to_string(hour == 0 ? hoursInHalfDay : hour);
+    const auto title = [write = Writer(twelve ? "h" : "HH")](long row) {
+        return write({.hour = static_cast<int>(row)});
     };
     return {DateUnit::Hour, "hour", width, {0, 24, true, Alignment::Right, title}};
 }
 
 DateWheel minuteWheel(CGFloat width) {
-    return {DateUnit::Minute, "minute", width, {0, 60, true, Alignment::Center, twoDigits}};
+    const auto title = [write = Writer("mm")](long row) { return write({.minute = static_cast<int>(row)}); };
+    return {DateUnit::Minute, "minute", width, {0, 60, true, Alignment::Center, title}};
 }
 
 DateWheel periodWheel(CGFloat width) {
-    const auto title = [write = NSDateFormatter(objc::make<NSDateFormatter>())](long row) {
-        return text(row == 0 ? write.send<"AMSymbol", NSString>() : write.send<"PMSymbol", NSString>());
+    const auto title = [write = Writer("a")](long row) {
+        return write({.hour = static_cast<int>(row) * hoursInHalfDay});
     };
     return {DateUnit::Period, "period", width, {0, 2, false, Alignment::Left, title}};
 }
@@ -150,7 +117,7 @@ DateWheel yearWheel(const std::string& pattern, CGFloat width) {
 
 /// Day, month and year in the region's order.
 std::vector<DateWheel> wheelsOfDate() {
-    const std::string pattern = unquoted(NSDateFormatter::pattern("yMMMMd"));
+    const std::string pattern = withoutQuotes(personsPattern("yMMMMd"));
     const CGFloat year = part(pattern, 'y') == "y" ? 82 : 104; // a year with its unit needs more room
     const CGFloat month = 224 - year;
     std::vector<std::pair<std::size_t, DateWheel>> found = {{pattern.find('d'), dayOfMonthWheel(pattern)},

@@ -21,7 +21,7 @@ public:
     static UIDevice currentDevice();
     objc::Int userInterfaceIdiom() const { return settings().device.idiom; }
     NSString model() const { return string(std::string(settings().device.model)); }
-    NSString systemVersion() const { return "7.1"_ns; }
+    NSString systemVersion() const { return string(std::string(settings().system.version)); }
     /// Denies the idiom on a device whose system is too old to know it.
     bool respondsToSelector(SEL selector) const;
 };

@@ -83,6 +83,8 @@ bool Interface::deviceAllows(UIInterfaceOrientation orientation) {
     return settings().device.isTablet() || orientation == UIInterfaceOrientation::Portrait;
 }
 
+CGRect Interface::screen() { return {{}, uprightSize()}; }
+
 int Interface::quarters() const { return quartersOf(_orientation); }
 
 CGSize Interface::size() const {
@@ -96,6 +98,8 @@ CGRect Interface::upright(CGRect rect) const {
     const CGPoint half = turned({read.width / 2, read.height / 2}, quarters());
     return Placement{quarters(), {screen.width / 2 - half.x, screen.height / 2 - half.y}}.outward(rect);
 }
+
+CGRect Interface::told(CGRect rect) const { return settings().system.number >= 8 ? rect : upright(rect); }
 
 void Interface::fill(const UIView& view, const UIWindow& window) const {
     if (View* peer = View::of(view)) {

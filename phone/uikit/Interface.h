@@ -18,6 +18,9 @@ public:
     /// Whether an application of this device runs in this orientation at all.
     static bool deviceAllows(UIInterfaceOrientation orientation);
 
+    /// The whole screen, held upright.
+    static CGRect screen();
+
     UIInterfaceOrientation orientation() const { return _orientation; }
     /// How far a view that fills a window is turned in it, clockwise.
     int quarters() const;
@@ -25,6 +28,9 @@ public:
     CGSize size() const;
     /// From the interface's own rectangle to that of the screen held upright.
     CGRect upright(CGRect rect) const;
+
+    /// The same as applications get to read it: up to 7 that of the screen held upright, from 8 on the interface's own.
+    CGRect told(CGRect rect) const;
 
     /// The view fills the window, as the interface stands.
     void fill(const UIView& view, const UIWindow& window) const;

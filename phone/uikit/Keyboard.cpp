@@ -13,7 +13,6 @@
 #include "platform/foundation/NSNumber.h"
 #include "platform/uikit/UIKeyboard.h"
 #include "platform/uikit/UIPasteboard.h"
-#include "platform/uikit/UIScreen.h"
 
 #include <stdexcept>
 #include <utility>
@@ -105,18 +104,22 @@ CGFloat Keyboard::height(bool tablet, bool lying) {
     return lying ? 162 : 216;
 }
 
-CGRect Keyboard::frame(bool shown) const {
-    const Interface& interface = Interface::shared();
-    const CGSize screen = interface.size();
+/// As the interface stands.
+CGRect Keyboard::place(bool shown) const {
+    const CGSize screen = Interface::shared().size();
     const CGFloat high = height(isTablet(), screen.width > screen.height);
-    return interface.upright({0, shown ? screen.height - high : screen.height, screen.width, high});
+    return {0, shown ? screen.height - high : screen.height, screen.width, high};
 }
+
+CGRect Keyboard::frame() const { return Interface::shared().upright(place(_shown)); }
+
+CGRect Keyboard::toldFrame(bool shown) const { return Interface::shared().told(place(shown)); }
 
 void Keyboard::build() {
     if (_window) {
         return;
     }
-    _window = objc::as<UIWindow>(objc::make<objc::Ref<KeyboardWindow>, "initWithFrame:">(UIScreen::main().bounds()));
+    _window = objc::as<UIWindow>(objc::make<objc::Ref<KeyboardWindow>, "initWithFrame:">(Interface::screen()));
     _window.setWindowLevel(windowLevel);
     _keys = objc::as<UIView>(objc::make<objc::Ref<KeyboardView>, "initWithFrame:">(frame()));
     _window.addSubview(_keys);
@@ -135,16 +138,16 @@ void Keyboard::show() {
     if (_window.isHidden()) {
         putInPlace();
     }
-    const CGRect begin = frame();
+    const CGRect begin = toldFrame(_shown);
     _shown = true;
-    const CGRect end = frame();
+    const CGRect end = toldFrame(_shown);
     KeyboardView::of(_keys)->start(input->returnKey());
     _window.setHidden(false);
     post(UIKeyboardWillShowNotification, begin, end);
     if (!_shown) {
         return; // an observer has ended the editing
     }
-    slide(end);
+    slide(frame());
     arriveAfter(slideSeconds, [this, begin, end] { post(UIKeyboardDidShowNotification, begin, end); });
 }
 
@@ -152,14 +155,14 @@ void Keyboard::hide(const UIResponder& coming) {
     if (!_shown || textInput(coming) != nullptr) {
         return;
     }
-    const CGRect begin = frame();
+    const CGRect begin = toldFrame(_shown);
     _shown = false;
-    const CGRect end = frame();
+    const CGRect end = toldFrame(_shown);
     post(UIKeyboardWillHideNotification, begin, end);
     if (_shown) {
         return; // an observer has begun to edit
     }
-    slide(end);
+    slide(frame());
     arriveAfter(slideSeconds, [this, begin, end] {
         _window.setHidden(true);
         post(UIKeyboardDidHideNotification, begin, end);
@@ -168,8 +171,8 @@ void Keyboard::hide(const UIResponder& coming) {
 
 void Keyboard::interfaceWillTurn() {
     if (_shown) {
-        const CGRect begin = frame(true);
-        const CGRect end = frame(false);
+        const CGRect begin = toldFrame(true);
+        const CGRect end = toldFrame(false);
         post(UIKeyboardWillHideNotification, begin, end);
         post(UIKeyboardDidHideNotification, begin, end);
     }
@@ -184,8 +187,8 @@ void Keyboard::interfaceTurned(double seconds) {
         _window.setHidden(true); // the next time it comes from the new edge
         return;
     }
-    const CGRect begin = frame(false);
-    const CGRect end = frame(true);
+    const CGRect begin = toldFrame(false);
+    const CGRect end = toldFrame(true);
     post(UIKeyboardWillShowNotification, begin, end);
     if (!_shown) {
         return; // an observer has ended the editing

@@ -42,7 +42,7 @@ public:
 
     bool isShown() const { return _shown; }
     /// In the coordinates of the screen held upright; below the screen while hidden.
-    CGRect frame() const { return frame(_shown); }
+    CGRect frame() const;
 
     /// A text input has become the first responder.
     void show();
@@ -58,7 +58,9 @@ public:
 
 private:
     void build();
-    CGRect frame(bool shown) const;
+    CGRect place(bool shown) const;
+    /// What notifications say.
+    CGRect toldFrame(bool shown) const;
     void putInPlace();
     void cancelArrival();
     void arriveAfter(double seconds, std::function<void()> arrival);

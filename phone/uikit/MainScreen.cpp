@@ -13,10 +13,12 @@ UIScreen MainScreen::mainScreen() {
     return screen;
 }
 
+CGRect MainScreen::bounds() const { return Interface::shared().told({{}, Interface::shared().size()}); }
+
 CGRect MainScreen::applicationFrame() const {
     const Interface& interface = Interface::shared();
     const CGSize read = interface.size();
-    return interface.upright({0, statusBarHeight, read.width, read.height - statusBarHeight});
+    return interface.told({0, statusBarHeight, read.width, read.height - statusBarHeight});
 }
 
 } // namespace phone

@@ -6,7 +6,7 @@
 
 namespace phone {
 
-/// UIScreen. The bounds are those of the device held upright, however it is held.
+/// UIScreen. Up to 7 the bounds are those of the device held upright, however it is held; from 8 on they turn.
 class MainScreen : public objc::Implements<MainScreen, UIScreen, NSObject> {
 public:
     static void define(objc::ClassTable<MainScreen>& c) {
@@ -17,7 +17,7 @@ public:
     }
 
     static UIScreen mainScreen();
-    CGRect bounds() const { return {0, 0, settings().device.width, settings().device.height}; }
+    CGRect bounds() const;
     /// What the status bar leaves free.
     CGRect applicationFrame() const;
     CGFloat scale() const { return settings().device.scale; }

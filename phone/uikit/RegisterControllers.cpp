@@ -1,3 +1,4 @@
+#include "phone/device/Settings.h"
 #include "phone/uikit/Activity.h"
 #include "phone/uikit/ActivityIcon.h"
 #include "phone/uikit/ActivityTile.h"
@@ -10,11 +11,17 @@
 #include "phone/uikit/NavigationButton.h"
 #include "phone/uikit/NavigationController.h"
 #include "phone/uikit/NavigationItem.h"
+#include "phone/uikit/PopoverArrow.h"
+#include "phone/uikit/PopoverPresentationController.h"
 #include "phone/uikit/Register.h"
 
 namespace phone {
 
 void registerControllerClasses() {
+    if (settings().system.number >= 8) {
+        PopoverPresentationController::definedClass();
+    }
+    PopoverArrow::definedClass();
     ViewController::definedClass();
     LayoutContainerView::definedClass();
     BarBackground::definedClass();

@@ -1,10 +1,7 @@
 #include "phone/uikit/StatusBar.h"
 
-#include "phone/device/Settings.h"
-#include "phone/foundation/WallClock.h"
-
-#include <array>
-#include <ctime>
+#include "phone/foundation/PersonsDates.h"
+#include "phone/foundation/Text.h"
 
 namespace phone {
 
@@ -22,20 +19,6 @@ std::unique_ptr<TextLayout> line(const std::string& text, Typeface::Weight weigh
 
 void drawCentred(Painter& painter, const TextLayout& layout, double left, const Color& color) {
     painter.text(layout, {left, middle - layout.size().height / 2}, color);
-}
-
-/// The wall clock in the process's time zone: with AM and PM where the language wants them.
-std::string timeOfDay() {
-    const auto seconds = static_cast<std::time_t>(WallClock::now());
-    std::tm parts{};
-    localtime_r(&seconds, &parts);
-    const std::string& language = settings().language;
-    const bool halfDays = language == "en" || language == "en-US";
-    std::array<char, 16> text{};
-    const int hour = halfDays ? (parts.tm_hour + 11) % 12 + 1 : parts.tm_hour;
-    const char* half = !halfDays ? "" : parts.tm_hour < 12 ? " AM" : " PM";
-    std::snprintf(text.data(), text.size(), halfDays ? "%d:%02d%s" : "%02d:%02d%s", hour, parts.tm_min, half);
-    return text.data();
 }
 
 /// Answers where the dots end.
@@ -71,10 +54,15 @@ void drawBattery(Painter& painter, double width, const Color& color) {
 
 } // namespace
 
+std::string statusBarTime() {
+    static const auto* formatter = new NSDateFormatter(personsFormatter(personsPattern("jmm")));
+    return text(formatter->string(NSDate::now()));
+}
+
 void drawStatusBar(Painter& painter, double width, const Color& color) {
     const double signalEnd = drawSignal(painter, color);
     drawCentred(painter, *line("Carrier", Typeface::Weight::Regular), signalEnd + 3, color);
-    const auto time = line(timeOfDay(), Typeface::Weight::Medium);
+    const auto time = line(statusBarTime(), Typeface::Weight::Medium);
     drawCentred(painter, *time, (width - time->size().width) / 2, color);
     drawBattery(painter, width, color);
 }

@@ -3,11 +3,11 @@
 #include "phone/uikit/ElementAttributes.h"
 #include "phone/uikit/FindingAttributes.h"
 #include "phone/uikit/HeldScreen.h"
+#include "phone/uikit/Interface.h"
 #include "phone/uikit/Reachability.h"
 #include "phone/uikit/TouchDelivery.h"
 #include "phone/uikit/View.h"
 #include "phone/uikit/Window.h"
-#include "platform/uikit/UIScreen.h"
 
 #include <pugixml.hpp>
 
@@ -79,7 +79,7 @@ std::string dumpTree(bool forFinding, std::optional<CGPoint> touched) {
         }
     }
     for (const UIWindow& window : Window::all()) {
-        write(screen, window, {{}, UIScreen::main().bounds(), true, {}}, forFinding);
+        write(screen, window, {{}, Interface::screen(), true, {}}, forFinding);
     }
     std::ostringstream text;
     document.save(text, "  ");

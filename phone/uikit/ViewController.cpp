@@ -1,6 +1,7 @@
 #include "phone/uikit/ViewController.h"
 
 #include "phone/device/Log.h"
+#include "phone/device/Settings.h"
 #include "phone/foundation/Arrays.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/View.h"
@@ -53,6 +54,9 @@ void ViewController::define(objc::ClassTable<ViewController>& c) {
         .def<"_preparePresentation", &ViewController::preparePresentation>()
         .def<"_animatePresentation", &ViewController::animatePresentation>()
         .def<"_animateDismissal", &ViewController::animateDismissal>();
+    if (settings().system.number >= 8) {
+        c.def<"popoverPresentationController", &ViewController::popoverPresentationController>();
+    }
     c.def<"viewWillAppear:", &ViewController::ignoreFlag>()
         .def<"viewDidAppear:", &ViewController::ignoreFlag>()
         .def<"viewWillDisappear:", &ViewController::ignoreFlag>()
@@ -195,6 +199,13 @@ void ViewController::present(const UIViewController& controller, bool animated, 
 
 void ViewController::dismiss(bool animated, const objc::Block<void()>& completion) {
     presentation::dismiss(*this, animated, completion);
+}
+
+UIPopoverPresentationController ViewController::popoverPresentationController() {
+    if (!_popover && _presentationStyle == UIModalPresentationStyle::Popover) {
+        _popover = objc::make<UIPopoverPresentationController>();
+    }
+    return _presentationStyle == UIModalPresentationStyle::Popover ? _popover : nullptr;
 }
 
 CGRect ViewController::restingFrame() const { return _view.superview().bounds(); }

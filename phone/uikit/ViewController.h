@@ -4,20 +4,12 @@
 #include "phone/uikit/Responder.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UIPopoverPresentationController.h"
 #include "platform/uikit/UIViewController.h"
 
 #include <vector>
 
 namespace phone {
-
-/// `UIModalPresentationStyle`, as far as it decides whether what lies beneath stays.
-enum class ModalPresentationStyle : objc::Int {
-    FullScreen = 0,
-    PageSheet = 1,
-    FormSheet = 2,
-    CurrentContext = 3,
-    Custom = 4, // what lies beneath stays where it is, and is not told
-};
 
 /// UIViewController. Who puts a controller's view on the screen brackets that with the platform's
 /// `beginAppearanceTransition:animated:` and `endAppearanceTransition`; a view that simply enters or
@@ -64,7 +56,10 @@ public:
     UIViewController presentedHere() const { return _presented; }
     void setPresentedHere(const UIViewController& controller) { _presented = controller; }
     void setPresentingHere(const UIViewController& controller) { _presenting = controller; }
-    bool presentsFullScreen() const { return _presentationStyle == ModalPresentationStyle::FullScreen; }
+    /// nil unless the controller is presented as a popover.
+    UIPopoverPresentationController popoverPresentationController();
+    /// Else what lies beneath stays where it is, and is not told.
+    bool presentsFullScreen() const { return _presentationStyle == UIModalPresentationStyle::FullScreen; }
 
     // Coming and going.
     Appearance appearance() const { return _appearance; }
@@ -113,7 +108,8 @@ private:
     UIViewController _presented;
     objc::Unretained<UIViewController> _presenting;
     UIModalTransitionStyle _transitionStyle = UIModalTransitionStyle::CoverVertical;
-    ModalPresentationStyle _presentationStyle = ModalPresentationStyle::FullScreen;
+    UIModalPresentationStyle _presentationStyle = UIModalPresentationStyle::FullScreen;
+    UIPopoverPresentationController _popover; // nil until asked for
     Appearance _appearance = Appearance::Disappeared;
     bool _animated = false;      // of the transition under way
     bool _begunByWindow = false; // the transition under way is the view's own move

@@ -1,6 +1,7 @@
 #include "phone/webdriver/Capabilities.h"
 
 #include "phone/device/Profile.h"
+#include "phone/device/Region.h"
 #include "phone/elements/Refusal.h"
 #include "phone/webdriver/Call.h"
 
@@ -43,10 +44,11 @@ json merged(const json& body) {
     return all;
 }
 
-/// The language in `-AppleLanguages (de)`, as applications are told of it; "" where the arguments name none.
-std::string languageIn(const json& arguments) {
+/// The first value of `-AppleLanguages (de)` or `-AppleLocale de_AT`, as applications are told of a person's choices;
+/// "" where the arguments do not name it.
+std::string valueIn(const json& arguments, const char* name) {
     for (std::size_t index = 0; arguments.is_array() && index + 1 < arguments.size(); ++index) {
-        if (arguments[index] == "-AppleLanguages" && arguments[index + 1].is_string()) {
+        if (arguments[index] == name && arguments[index + 1].is_string()) {
             const std::string list = arguments[index + 1];
             const auto start = list.find_first_not_of("( \"");
             const auto end = list.find_first_of("), \"", start == std::string::npos ? 0 : start);
@@ -54,6 +56,51 @@ std::string languageIn(const json& arguments) {
         }
     }
     return "";
+}
+
+/// The arguments that the application is to be started with; null where there are none.
+json argumentsIn(const Call& given) {
+    if (given.has("arguments")) {
+        return given.body.at("arguments");
+    }
+    const json process = given.body.value("processArguments", json());
+    return process.is_object() ? process.value("args", json()) : json();
+}
+
+void take(std::string& into, std::string_view option, const std::string& value) {
+    if (const auto wrong = whatIsWrongWith(option, value)) {
+        throw Refusal(Error::InvalidArgument, *wrong);
+    }
+    into = value;
+}
+
+/// What the client says of the person.
+void readPerson(const Call& given, LaunchSettings& phone) {
+    const json arguments = argumentsIn(given);
+    const auto said = [&](const char* capability, const char* argument) {
+        const std::string value = valueIn(arguments, argument);
+        return value.empty() ? given.text(capability, "") : value;
+    };
+    if (const std::string language = said("language", "-AppleLanguages"); !language.empty()) {
+        take(phone.language, "language", language);
+    }
+    if (const std::string locale = said("locale", "-AppleLocale"); !locale.empty()) {
+        take(phone.region, "region", isRegion(locale) ? locale : regionOf(locale)); // "AT" or "de_AT"
+    }
+    if (given.has("hours")) {
+        const json& hours = given.body.at("hours");
+        take(phone.hours, "hours", hours.is_number_integer() ? hours.dump() : given.text("hours"));
+    }
+}
+
+/// The system of the generation that the client names: "8" and "8.1" alike.
+void readSystem(const Call& given, LaunchSettings& phone) {
+    const std::string version = given.text("platformVersion");
+    const std::string system = version.substr(0, version.find('.'));
+    if (const auto wrong = whatIsWrongWith("system", system)) {
+        throw Refusal(Error::SessionNotCreated, *wrong);
+    }
+    phone.system = system;
 }
 
 } // namespace
@@ -75,19 +122,11 @@ Capabilities readCapabilities(const json& body, const LaunchSettings& now) {
         wanted.phone.application = application->name;
         wanted.startsAfresh = given.flag("forceAppLaunch", true);
     }
-    std::string language = given.text("language", "");
-    if (given.has("arguments")) {
-        language = languageIn(given.body.at("arguments"));
-    } else if (given.has("processArguments") && given.body.at("processArguments").is_object()) {
-        language = languageIn(given.body.at("processArguments").value("args", json::array()));
+    readPerson(given, wanted.phone);
+    if (given.has("platformVersion")) {
+        readSystem(given, wanted.phone);
     }
-    if (!language.empty()) {
-        if (const auto wrong = whatIsWrongWith("language", language)) {
-            throw Refusal(Error::InvalidArgument, *wrong);
-        }
-        wanted.phone.language = language;
-    }
-    wanted.launchesOther = wanted.phone.language != now.language || wanted.phone.application != now.application;
+    wanted.launchesOther = wanted.phone != now;
 
     for (const char* name : {"defaultAlertAction", "waitForIdleTimeout"}) {
         if (given.has(name)) {

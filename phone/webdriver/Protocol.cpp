@@ -168,10 +168,11 @@ json Protocol::performRoute(Request& request, const std::vector<std::string>& pa
 
 json Protocol::status() const {
     const auto phone = _phone.status();
+    const std::string_view version = systemNamed(phone.settings.system)->version;
     return {{"ready", true},
             {"message", phone.life == LivePhone::Life::Died ? phone.epitaph : "the phone takes commands"},
             {"state", "success"},
-            {"os", {{"name", "iOS"}, {"version", systemVersion}, {"sdkVersion", systemVersion}}},
+            {"os", {{"name", "iOS"}, {"version", version}, {"sdkVersion", version}}},
             {"ios", {{"ip", "127.0.0.1"}}},
             {"build", {{"version", PHONE_VERSION}, {"productBundleIdentifier", "phone"}}},
             {"device", deviceNamed(phone.settings.device)->isTablet() ? "ipad" : "iphone"}};

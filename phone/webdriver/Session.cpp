@@ -1,6 +1,7 @@
 #include "phone/webdriver/Session.h"
 
 #include "phone/device/Profile.h"
+#include "phone/device/Region.h"
 #include "phone/webdriver/Commands.h"
 
 #include <algorithm>
@@ -102,10 +103,19 @@ json Session::capabilities() const {
     const auto status = _phone.status();
     const auto device = deviceNamed(status.settings.device);
     const auto application = applicationNamed(status.settings.application);
-    return {
-        {"platformName", "iOS"},           {"automationName", "XCUITest"},    {"platformVersion", systemVersion},
-        {"deviceName", device->model},     {"bundleId", application->bundle}, {"language", status.settings.language},
-        {"timeZone", status.settings.zone}};
+    const LaunchSettings& settings = status.settings;
+    json all = {{"platformName", "iOS"},
+                {"automationName", "XCUITest"},
+                {"platformVersion", systemNamed(settings.system)->version},
+                {"deviceName", device->model},
+                {"bundleId", application->bundle},
+                {"language", settings.language},
+                {"locale", localeIdentifier(settings.language, settings.region)},
+                {"timeZone", settings.zone}};
+    if (!settings.hours.empty()) {
+        all["hours"] = settings.hours;
+    }
+    return all;
 }
 
 std::optional<Point> Session::pointer() const {

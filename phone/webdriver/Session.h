@@ -14,8 +14,6 @@ namespace phone::webdriver {
 
 /// As people see it under its icon.
 inline constexpr const char* applicationName = "Phone";
-/// The system that the phone stands for.
-inline constexpr const char* systemVersion = "7.0";
 
 /// Which button answers a question of the system.
 enum class AlertAnswer { None, Accept, Dismiss };

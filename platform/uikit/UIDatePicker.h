@@ -7,6 +7,9 @@
 /// `UIDatePickerMode`
 enum class UIDatePickerMode : objc::Int { Time = 0, Date = 1, DateAndTime = 2 };
 
+/// `UIDatePickerStyle`
+enum class UIDatePickerStyle : objc::Int { Automatic = 0, Wheels = 1 };
+
 class UIDatePicker : public UIControl {
 public:
     static constexpr auto objc_name = "UIDatePicker";
@@ -15,6 +18,8 @@ public:
 
     UIDatePickerMode datePickerMode() const { return send<"datePickerMode", UIDatePickerMode>(); }
     void setDatePickerMode(UIDatePickerMode mode) const { send<"setDatePickerMode:">(mode); }
+    /// Answered from 13.4 on; before there are but wheels.
+    void setPreferredDatePickerStyle(UIDatePickerStyle style) const { send<"setPreferredDatePickerStyle:">(style); }
     /// The date as it was set, seconds included, until a person turns a wheel; then without seconds.
     NSDate date() const { return send<"date", NSDate>(); }
     /// Sends no action.

@@ -39,6 +39,9 @@ enum UIViewAutoresizing : objc::UInt {
 /// `UIViewContentMode`
 enum class UIViewContentMode : objc::Int { ScaleToFill = 0, ScaleAspectFit = 1, ScaleAspectFill = 2, Center = 4 };
 
+/// `UIUserInterfaceStyle`
+enum class UIUserInterfaceStyle : objc::Int { Unspecified = 0, Light = 1, Dark = 2 };
+
 class UIView : public UIResponder {
 public:
     static constexpr auto objc_name = "UIView";
@@ -83,6 +86,10 @@ public:
     void setBackgroundColor(const UIColor& color) const { send<"setBackgroundColor:">(color); }
     UIColor tintColor() const { return send<"tintColor", UIColor>(); }
     void setTintColor(const UIColor& color) const { send<"setTintColor:">(color); }
+    /// For the view and what lies inside, whatever the person has chosen. Answered from 13 on.
+    void setOverrideUserInterfaceStyle(UIUserInterfaceStyle style) const {
+        send<"setOverrideUserInterfaceStyle:">(style);
+    }
     CGFloat alpha() const { return send<"alpha", CGFloat>(); }
     void setAlpha(CGFloat alpha) const { send<"setAlpha:">(alpha); }
     bool isHidden() const { return send<"isHidden", bool>(); }

@@ -5,9 +5,20 @@
 
 class UINavigationController;
 class UINavigationItem;
+class UIPopoverPresentationController;
 
 /// `UIModalTransitionStyle`
 enum class UIModalTransitionStyle : objc::Int { CoverVertical = 0, FlipHorizontal = 1, CrossDissolve = 2 };
+
+/// `UIModalPresentationStyle`
+enum class UIModalPresentationStyle : objc::Int {
+    FullScreen = 0,
+    PageSheet = 1,
+    FormSheet = 2,
+    CurrentContext = 3,
+    Custom = 4,
+    Popover = 7, // from 8 on
+};
 
 class UIViewController : public UIResponder {
 public:
@@ -30,6 +41,13 @@ public:
         return send<"modalTransitionStyle", UIModalTransitionStyle>();
     }
     void setModalTransitionStyle(UIModalTransitionStyle style) const { send<"setModalTransitionStyle:">(style); }
+
+    UIModalPresentationStyle modalPresentationStyle() const {
+        return send<"modalPresentationStyle", UIModalPresentationStyle>();
+    }
+    void setModalPresentationStyle(UIModalPresentationStyle style) const { send<"setModalPresentationStyle:">(style); }
+    /// nil unless it is presented as a popover. Systems before 8 do not answer it.
+    UIPopoverPresentationController popoverPresentationController() const;
 
     /// The completion runs after the presented controller has appeared; a nil one is allowed.
     void present(const UIViewController& controller, bool animated, void (^completion)()) const {

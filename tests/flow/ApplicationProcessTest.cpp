@@ -16,7 +16,7 @@ protected:
     ApplicationProcess::Start script(const std::string& body) {
         const std::string file = folder.write("application", "#!/bin/sh\n" + body);
         std::filesystem::permissions(file, std::filesystem::perms::owner_all);
-        return {file, folder.path("root"), {"iphone5", "newer", "en", "Europe/Berlin"}, 12};
+        return {file, folder.path("root"), {.zone = "Europe/Berlin"}, 12};
     }
 
     template <class Work>
@@ -43,10 +43,11 @@ TEST_F(ApplicationProcessTest, IsGivenItsOptionsAndItsZone) {
 
     process.stop();
 
-    EXPECT_EQ(folder.read("seen"), "--socket-fd 3 --root " + folder.path("root") +
-                                       " --device iphone5 --app newer --language en --zone Europe/Berlin --now 12.000 "
-                                       "Europe/Berlin " +
-                                       folder.path("root") + "/var/mobile \n");
+    EXPECT_EQ(folder.read("seen"),
+              "--socket-fd 3 --root " + folder.path("root") +
+                  " --device iphone5 --app newer --language en --system 7 --zone Europe/Berlin --now 12.000 "
+                  "Europe/Berlin " +
+                  folder.path("root") + "/var/mobile \n");
     EXPECT_FALSE(process.isRunning());
 }
 

@@ -34,6 +34,7 @@ TEST(Flow, ReadsItsHeader) {
     const TemporaryFolder folder;
     const std::string file = folder.write("a note.yaml", "appId: com.apple.mobilephone\nname: One note\n"
                                                          "phone: {device: iphone4, app: newer, language: de-AT,\n"
+                                                         "        region: CH, hours: 12, system: 8,\n"
                                                          "        now: \"2026-03-05T14:37:12\", zone: Europe/Berlin}\n"
                                                          "---\n- launchApp\n");
 
@@ -43,6 +44,9 @@ TEST(Flow, ReadsItsHeader) {
     EXPECT_EQ(flow.phone.device, "iphone4");
     EXPECT_EQ(flow.phone.application, "newer");
     EXPECT_EQ(flow.phone.language, "de-AT");
+    EXPECT_EQ(flow.phone.region, "CH");
+    EXPECT_EQ(flow.phone.hours, "12");
+    EXPECT_EQ(flow.phone.system, "8");
     EXPECT_EQ(flow.phone.now, "2026-03-05T14:37:12");
     EXPECT_EQ(flow.phone.zone, "Europe/Berlin");
 }
@@ -192,6 +196,9 @@ TEST(Flow, RefusesAPhoneThatDoesNotExist) {
     EXPECT_THAT(complaint("phone: {app: old}\n---\n- launchApp\n"), HasSubstr("unknown app `old`"));
     EXPECT_THAT(complaint("phone: {zone: Europe/Bonn}\n---\n- launchApp\n"), HasSubstr("unknown time zone"));
     EXPECT_THAT(complaint("phone: {language: \"de AT\"}\n---\n- launchApp\n"), HasSubstr("no language tag"));
+    EXPECT_THAT(complaint("phone: {region: de}\n---\n- launchApp\n"), HasSubstr("`de` is no region"));
+    EXPECT_THAT(complaint("phone: {hours: 13}\n---\n- launchApp\n"), HasSubstr("unknown hours `13`; known: 12, 24"));
+    EXPECT_THAT(complaint("phone: {system: 9}\n---\n- launchApp\n"), HasSubstr("unknown system `9`; known: 7, 8"));
     EXPECT_THAT(complaint("phone: {now: noon}\n---\n- launchApp\n"), HasSubstr("no local time"));
 }
 

@@ -37,7 +37,7 @@ protected:
                   (Counts{{"Anna 1", 4}, {"Angebot schicken", 1}, {"Send the offer", 1}}));
         EXPECT_EQ(counted("events", "title"), (Counts{{"Anna 2", 4}, {"Lunch with Anna", 1}}));
         EXPECT_EQ(counted("notes", "title").at("Anna"), 4);
-        EXPECT_EQ(recorded("notes").size(), 9U);
+        EXPECT_EQ(recorded("notes").size(), 10U);
     }
 };
 

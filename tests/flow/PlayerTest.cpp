@@ -137,7 +137,7 @@ TEST_F(PlayerTest, LetsTheCommandLineGoBeforeTheHeader) {
 
     EXPECT_EQ(play({"phone: {device: iphone5, language: de, zone: Europe/Berlin}\n---\n- launchApp\n"}), 0);
 
-    EXPECT_EQ(count("--device iphone4 --app older --language de --zone UTC --now 1000.000"), 1u);
+    EXPECT_EQ(count("--device iphone4 --app older --language de --system 7 --zone UTC --now 1000.000"), 1u);
     EXPECT_EQ(folder.read("root/var/mobile/Library/Phone/zone"), "UTC\n");
 }
 

@@ -34,7 +34,7 @@ protected:
     }
 
     TemporaryFolder folder;
-    LivePhone phone{BUILD_DIRECTORY "/phone-application", folder.path("root"), {"iphone5", "newer", "en", "UTC"}};
+    LivePhone phone{BUILD_DIRECTORY "/phone-application", folder.path("root"), {}};
 };
 
 } // namespace
@@ -99,7 +99,7 @@ TEST_F(LivePhoneTest, EndsTheApplicationWhenAsked) {
 TEST_F(LivePhoneTest, RunsWithOtherSettings) {
     phone.launch();
 
-    phone.launch({"ipad", "newer", "de", "Europe/Berlin"});
+    phone.launch({.device = "ipad", .language = "de", .zone = "Europe/Berlin"});
 
     EXPECT_THAT(phone.tree(), HasSubstr("width=\"768\""));
     EXPECT_EQ(phone.status().settings.language, "de");

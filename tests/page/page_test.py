@@ -328,6 +328,20 @@ def test_a_narrow_window_scrolls_downwards_alone(stand):
     equal(page.run("return document.documentElement.scrollWidth"), 400)
 
 
+def test_the_phone_restarts_for_another_person(stand):
+    page = stand.page(stand.phone("--system", "8", "--region", "AT"))
+    page.wait("document.getElementById('region').value === 'AT'", "the region")
+    equal(page.run("return document.getElementById('system').value"), "8")
+    page.run("document.getElementById('region').value = 'us'; document.getElementById('hours').value = '24';"
+             "document.getElementById('system').value = '7'")
+
+    page.click("#restart")
+
+    page.wait("document.getElementById('status').textContent.includes('system 7')", "the other system")
+    equal(page.run("return document.getElementById('region').value"), "US")
+    equal(page.run("return document.getElementById('hours').value"), "24")
+
+
 def test_nothing_is_asked_of_another_host(stand):
     page = stand.page(stand.phone())
     be_in_a_call(page)

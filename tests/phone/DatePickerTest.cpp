@@ -226,6 +226,51 @@ TEST_F(DatePicker, ShowsTwentyFourHoursInBritain) {
     EXPECT_EQ(wheels(), (Names{"day", "hour", "minute"}));
 }
 
+// Holds: language-and-region
+TEST_F(DatePicker, FollowsTheRegionInHoursAndOrderAndTheLanguageInWords) {
+    useRegion("DE");
+    picker();
+    EXPECT_EQ(wheels(), (Names{"day", "hour", "minute"}));
+    EXPECT_EQ(shown("hour"), "14");
+
+    picker().setDatePickerMode(UIDatePickerMode::Date);
+
+    EXPECT_EQ(wheels(), (Names{"dayOfMonth", "month", "year"}));
+    EXPECT_EQ(shown("month"), "March");
+}
+
+// Holds: hours-are-the-persons
+TEST_F(DatePicker, ShowsTheHoursThatThePersonHasChosen) {
+    useLanguage("de");
+    useHours("12");
+    picker();
+
+    EXPECT_EQ(wheels(), (Names{"day", "hour", "minute", "period"}));
+    EXPECT_EQ(shown("hour"), "2");
+    EXPECT_EQ(shown("period"), "PM");
+}
+
+// Holds: hours-are-the-persons
+TEST_F(DatePicker, ShowsTwentyFourHoursToWhoeverHasChosenThemAmongTwelve) {
+    useHours("24");
+    picker();
+
+    EXPECT_EQ(wheels(), (Names{"day", "hour", "minute"}));
+    EXPECT_EQ(shown("hour"), "14");
+}
+
+TEST_F(DatePicker, HasTheDigitsOfTheLanguage) {
+    useLanguage("ar");
+    picker();
+
+    EXPECT_EQ(wheels(), (Names{"day", "hour", "minute", "period"}));
+    EXPECT_EQ(shown("hour"), "٢");
+    EXPECT_EQ(shown("minute"), "٣٧");
+    EXPECT_EQ(shown("period"), "م");
+    turn("minute", 3);
+    EXPECT_EQ(date(), "2026-03-05T14:40:00+00:00");
+}
+
 TEST_F(DatePicker, TurnsTheHalfOfTheDayByItsOwnWheelAndByTheHours) {
     picker();
 

@@ -23,13 +23,18 @@ public:
     PhoneTest();
     ~PhoneTest() override;
 
-    // Before booting. The defaults: iphone5, the newer application, English, 5 March 2026 14:37:12 UTC,
+    // Before booting. The defaults: iphone5, the newer application, system 7, English, 5 March 2026 14:37:12 UTC,
     // the device's own notes account (default) and one named "Mail".
     void useDevice(const std::string& name);
     void useApplication(const std::string& name);
     /// The device, whichever, does not answer what kind it is.
     void withholdIdiom() { _withholdsIdiom = true; }
     void useLanguage(const std::string& tag) { _settings.language = tag; }
+    void useRegion(const std::string& code) { _settings.region = code; }
+    /// "12" or "24".
+    void useHours(const std::string& name) { _settings.hours = phone::hoursNamed(name); }
+    /// "7" or "8".
+    void useSystem(const std::string& name) { _settings.system = *phone::systemNamed(name); }
     void useZone(const std::string& name) { _settings.zone = name; }
     void useAccounts(std::vector<phone::NotesAccount> accounts) { _accounts = std::move(accounts); }
     /// Default: to be asked, with the lists Tasks (the default), Shopping and Work.

@@ -33,7 +33,7 @@ protected:
     }
     static UIViewController overlay(const std::string& name) {
         const auto controller = Probe::with(name);
-        controller.send<"setModalPresentationStyle:">(phone::ModalPresentationStyle::FormSheet);
+        controller.setModalPresentationStyle(UIModalPresentationStyle::FormSheet);
         return controller;
     }
 
@@ -241,8 +241,7 @@ TEST_F(Presentation, CoversTheFullScreenVerticallyByDefault) {
     const auto controller = Probe::with("a");
 
     EXPECT_EQ(controller.modalTransitionStyle(), UIModalTransitionStyle::CoverVertical);
-    EXPECT_EQ((controller.send<"modalPresentationStyle", phone::ModalPresentationStyle>()),
-              phone::ModalPresentationStyle::FullScreen);
+    EXPECT_EQ(controller.modalPresentationStyle(), UIModalPresentationStyle::FullScreen);
 }
 
 TEST_F(Presentation, RaisesForANilController) {

@@ -14,7 +14,13 @@ using testing::Not;
 
 namespace {
 
-const FlowRecorder::Beginning beginning{{"iphone5", "newer", "de", "Europe/Berlin"},
+const FlowRecorder::Beginning beginning{{.device = "iphone5",
+                                         .application = "newer",
+                                         .language = "de",
+                                         .region = "",
+                                         .hours = "12",
+                                         .system = "8",
+                                         .zone = "Europe/Berlin"},
                                         "2026-03-05T14:37:12",
                                         {{"SwitchCell1", true}, {"SwitchCell2", {}}},
                                         Access::Ask,
@@ -76,6 +82,9 @@ TEST_F(FlowRecorderTest, BeginsWithThePhoneAsItWas) {
     EXPECT_EQ(flow.phone.device, "iphone5");
     EXPECT_EQ(flow.phone.application, "newer");
     EXPECT_EQ(flow.phone.language, "de");
+    EXPECT_EQ(flow.phone.region, std::nullopt);
+    EXPECT_EQ(flow.phone.hours, "12");
+    EXPECT_EQ(flow.phone.system, "8");
     EXPECT_EQ(flow.phone.now, "2026-03-05T14:37:12");
     EXPECT_EQ(flow.phone.zone, "Europe/Berlin");
     EXPECT_THAT(recorder.text(), HasSubstr("- setPreferences: {SwitchCell1: true, SwitchCell2: null}\n"

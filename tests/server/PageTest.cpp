@@ -45,7 +45,7 @@ protected:
     }
 
     TemporaryFolder folder;
-    LivePhone phone{BUILD_DIRECTORY "/phone-application", folder.path("root"), {"iphone5", "newer", "en", "UTC"}};
+    LivePhone phone{BUILD_DIRECTORY "/phone-application", folder.path("root"), {}};
     httplib::Server http;
     std::optional<Page> page;
     int port = 0;
@@ -74,6 +74,7 @@ TEST_F(PageTest, RefusesWhatIsNoCommand) {
     EXPECT_THAT(why(post("/page/orientation", "{\"orientation\": \"SIDEWAYS\"}"), 400), HasSubstr("PORTRAIT"));
     EXPECT_THAT(why(post("/page/clock", "{\"localTime\": \"noon\"}"), 400), HasSubstr("never show \"noon\""));
     EXPECT_THAT(why(post("/page/settings", "{\"device\": \"toaster\"}"), 400), HasSubstr("unknown device"));
+    EXPECT_THAT(why(post("/page/settings", "{\"hours\": \"13\"}"), 400), HasSubstr("unknown hours `13`"));
     EXPECT_THAT(why(post("/page/preferences", "{\"key\": \"Other\", \"on\": true}"), 400), HasSubstr("no switch"));
     EXPECT_THAT(why(post("/page/preferences", "{\"key\": \"SwitchCell1\", \"on\": 1}"), 400),
                 HasSubstr("true or false"));
@@ -119,6 +120,21 @@ TEST_F(PageTest, TellsWhatHappensAsItHappens) {
     EXPECT_THAT(heard, HasSubstr("event: screen\n"));
     EXPECT_THAT(heard, HasSubstr("\"label\":\"Open Keyboard at Once\""));
     EXPECT_THAT(heard, HasSubstr("5551234"));
+}
+
+TEST_F(PageTest, RestartsForAnotherPersonAndKeepsWhatIsLeftOut) {
+    const auto settings = [&] { return json::parse(get("/page/state")->body).at("settings"); };
+    EXPECT_EQ(settings().at("system"), "7");
+    EXPECT_EQ(settings().at("region"), "");
+    EXPECT_EQ(settings().at("hours"), "");
+
+    EXPECT_EQ(post("/page/settings", R"({"region": "US", "hours": "24", "system": "8"})")->status, 200);
+    EXPECT_EQ(post("/page/settings", R"({"language": "de", "region": ""})")->status, 200);
+
+    EXPECT_EQ(settings().at("language"), "de");
+    EXPECT_EQ(settings().at("region"), "");
+    EXPECT_EQ(settings().at("hours"), "24");
+    EXPECT_EQ(settings().at("system"), "8");
 }
 
 TEST_F(PageTest, SetsASwitchAsTheSettingsWould) {

@@ -49,7 +49,7 @@ protected:
     }
 
     TemporaryFolder folder;
-    LivePhone phone{BUILD_DIRECTORY "/phone-application", folder.path("root"), {"iphone5", "newer", "en", "UTC"}};
+    LivePhone phone{BUILD_DIRECTORY "/phone-application", folder.path("root"), {}};
     Server server{phone, 0};
     std::thread serving;
 };

@@ -85,7 +85,7 @@ protected:
     json recorded(const char* kind) { return records(folder.path("root"), zone).at(kind); }
 
     TemporaryFolder folder;
-    LivePhone phone{BUILD_DIRECTORY "/phone-application", folder.path("root"), {"iphone5", "newer", "en", zone}};
+    LivePhone phone{BUILD_DIRECTORY "/phone-application", folder.path("root"), {.zone = zone}};
     Protocol protocol{phone};
     std::string session; // its path; "" before one has begun
     int status = 0;      // of the last answer

@@ -89,6 +89,44 @@ TEST_F(ProtocolTest, TakesTheLanguageFromTheApplicationsArguments) {
     EXPECT_EQ(phone.status().settings.language, "fr");
 }
 
+TEST_F(ProtocolTest, LaunchesForAPersonOfAnotherRegionWithHoursOfTheirOwn) {
+    begin({{"appium:language", "de"}, {"appium:locale", "de_AT"}, {"appium:hours", 12}});
+
+    EXPECT_EQ(phone.status().settings.region, "AT");
+    EXPECT_EQ(phone.status().settings.hours, "12");
+    EXPECT_EQ(get("").at("locale"), "de_AT");
+    EXPECT_EQ(get("").at("hours"), "12");
+
+    begin({{"appium:locale", "CH"}, {"appium:hours", "24"}});
+    EXPECT_EQ(get("").at("locale"), "de_CH");
+    EXPECT_EQ(get("").at("hours"), "24");
+    EXPECT_EQ(phone.status().launch, 2U);
+}
+
+TEST_F(ProtocolTest, SaysWhereThePersonLivesWhereNobodyHasChosen) {
+    begin({{"appium:language", "pt"}});
+
+    EXPECT_EQ(get("").at("locale"), "pt_BR");
+    EXPECT_FALSE(get("").contains("hours"));
+}
+
+TEST_F(ProtocolTest, TakesTheRegionFromTheApplicationsArguments) {
+    begin({{"appium:processArguments", {{"args", {"-AppleLanguages", "(fr)", "-AppleLocale", "fr_CA"}}}}});
+
+    EXPECT_EQ(get("").at("locale"), "fr_CA");
+}
+
+TEST_F(ProtocolTest, LaunchesWithTheSystemThatTheClientNames) {
+    begin();
+    EXPECT_EQ(get("").at("platformVersion"), "7.0");
+
+    begin({{"appium:platformVersion", "8.1"}});
+
+    EXPECT_EQ(get("").at("platformVersion"), "8.0");
+    EXPECT_EQ(value("GET", "/status").at("os").at("version"), "8.0");
+    EXPECT_EQ(phone.status().settings.system, "8");
+}
+
 TEST_F(ProtocolTest, RefusesASessionThatCannotBe) {
     EXPECT_EQ(error("POST", "/session", json::object()), "session not created");
     EXPECT_EQ(status, 500);
@@ -99,6 +137,10 @@ TEST_F(ProtocolTest, RefusesASessionThatCannotBe) {
     EXPECT_EQ(refused({{"appium:bundleId", "com.example.none"}}), "session not created");
     EXPECT_EQ(refused({{"appium:bundleId", 5}}), "invalid argument");
     EXPECT_EQ(refused({{"appium:language", "!"}}), "invalid argument");
+    EXPECT_EQ(refused({{"appium:locale", "xx"}}), "invalid argument");
+    EXPECT_EQ(refused({{"appium:hours", 13}}), "invalid argument");
+    EXPECT_EQ(refused({{"appium:hours", true}}), "invalid argument");
+    EXPECT_EQ(refused({{"appium:platformVersion", "16.0"}}), "session not created");
     EXPECT_EQ(refused({{"defaultAlertAction", "perhaps"}}), "invalid argument");
     EXPECT_EQ(error("POST", "/session", {{"capabilities", {{"alwaysMatch", 5}}}}), "invalid argument");
     EXPECT_EQ(error("POST", "/session", {{"capabilities", {{"firstMatch", 5}}}}), "invalid argument");
