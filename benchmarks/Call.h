@@ -2,8 +2,10 @@
 #pragma once
 
 #include "phone/applications/Session.h"
+#include "phone/eventkit/CalendarItems.h"
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -19,11 +21,15 @@ public:
     phone::Session& screen() { return *_session; }
 
     /// From the call screen to the note.
-    void openNote();
+    void openNote() { open("Note"); }
     /// The text has the keyboard.
     void startTyping();
     /// Back to the call screen.
     void cancel();
+    /// From the call screen and back: a reminder or an event is written and saved. Throws where none stands in the
+    /// store afterwards; it is taken out again, so that the store grows no larger.
+    void saveReminder();
+    void saveEvent();
 
 private:
     struct Point {
@@ -31,16 +37,18 @@ private:
         double y = 0;
     };
 
+    void open(const std::string& activity);
+    void write(const std::string& placeholder);
+    void takeSaved(phone::EntityType type);
     void tap(Point at);
     void tapAndWait(Point at);
+    /// Touches what reads so on this screen. It is looked for once: it lies in the same place at every opening.
+    void touch(const std::string& screen, const std::string& text);
     /// Where a finger reaches what reads so.
     Point find(const std::string& text);
 
     std::filesystem::path _root;
     std::unique_ptr<phone::Session> _session;
-    // Where these are without the keyboard, the same at every opening.
-    Point _noteTile;
-    Point _cancel;
-    Point _text;
-    bool _typing = false;
+    std::map<std::string, Point> _points; // of a screen and a text
+    std::string _screen;
 };

@@ -2,8 +2,8 @@
 
 #include "phone/flow/Engine.h"
 #include "platform/uikit/UILabel.h"
-#include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UITableView.h"
+#include "tests/quorvan/Screens.h"
 
 #include <map>
 
@@ -173,10 +173,7 @@ std::string CallTest::shownValue(int row) {
 std::string CallTest::drawnValue(objc::UInt place, objc::Int row, objc::Int section) {
     std::string value;
     run([&] {
-        const auto root = UIApplication::shared().keyWindow().rootViewController();
-        const auto stack = objc::as<UINavigationController>(root.presentedViewController().presentedViewController());
-        const auto screen = stack.viewControllers().at<UIViewController>(place);
-        const auto cell = screen.send<"tableView:cellForRowAtIndexPath:", UITableViewCell>(
+        const auto cell = screenAt(place).send<"tableView:cellForRowAtIndexPath:", UITableViewCell>(
             UITableView(), NSIndexPath::forRow(row, section));
         value = cell.accessoryView().subviews().at<UILabel>(0).text().UTF8String();
     });

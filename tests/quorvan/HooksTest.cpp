@@ -1,5 +1,6 @@
 #include "platform/foundation/NSObject.h"
 #include "tests/quorvan/CallTest.h"
+#include "tests/quorvan/Messages.h"
 
 #include <gtest/gtest.h>
 
@@ -155,6 +156,25 @@ TEST_P(BothCallScreens, TheScreensOwnBehaviourRunsBeforeTheAreaIsAdded) {
     }
     const auto callbacks = logged("appearance", "callback");
     EXPECT_GT(std::count(callbacks.begin(), callbacks.end(), "viewDidAppear:"), 1);
+}
+
+TEST_P(BothCallScreens, TheScreenIsToldBeforeTheAreaIsBuilt) {
+    const bool isNewer = GetParam().app == "newer";
+    start(GetParam());
+    Messages messages;
+    messages.watch<"UIViewController", "viewDidAppear:", void, objc::UInt>();
+    messages.watch<"UIViewController", "viewDidLoad">();
+    messages.watch<"UIView", "addGestureRecognizer:", void, id>();
+
+    startCall();
+
+    auto heard = messages.take();
+    const std::string area = "UIView addGestureRecognizer: UITapGestureRecognizer";
+    EXPECT_EQ(std::count(heard.begin(), heard.end(), area), 1);
+    const std::string told = isNewer ? "PHCallViewController viewDidAppear: " : "InCallController viewDidLoad";
+    const auto built = std::find(heard.begin(), heard.end(), area);
+    ASSERT_NE(built, heard.begin());
+    EXPECT_EQ(built[-1].substr(0, told.size()), told);
 }
 
 TEST_F(CallScreenHooks, TheNewerScreenShownTwiceHasTwoAreasAndOneTapOpensOneSheet) {

@@ -7,8 +7,6 @@ namespace {
 
 class NoteSaving : public CallTest {
 protected:
-    /// The messages that the Notes store received, in order.
-    std::vector<std::string> storeMessages() { return logged("store", "message"); }
     std::size_t writesOfKeptText() {
         std::size_t count = 0;
         for (const auto& entry : log("file")) {
@@ -145,53 +143,6 @@ TEST_F(NoteSaving, WhatWasInsertedAndNotSavedLeavesNoTrace) {
     done();
 
     EXPECT_EQ(notes().size(), 1U);
-}
-
-TEST_F(NoteSaving, TheStoreReceivesItsMessagesInOrder) {
-    start();
-    startNote();
-    typeNote("milk");
-
-    done();
-
-    EXPECT_EQ(storeMessages(), (std::vector<std::string>{
-                                   "init",
-                                   "allStores",
-                                   "enableChangeLogging:",
-                                   "managedObjectContext",
-                                   "defaultStoreForNewNote",
-                                   "insertNewObjectForEntityForName:inManagedObjectContext:",
-                                   "insertNewObjectForEntityForName:inManagedObjectContext:",
-                                   "setIsPlainText:",
-                                   "setContent:",
-                                   "setContent:",
-                                   "setOwner:",
-                                   "setStore:",
-                                   "nextIndex",
-                                   "setIntegerId:",
-                                   "setTitle:",
-                                   "setSummary:",
-                                   "setBody:",
-                                   "setCreationDate:",
-                                   "setModificationDate:",
-                                   "saveOutsideApp:",
-                               }));
-}
-
-TEST_F(NoteSaving, WithATitleTheContentsAreSetAgain) {
-    turnOn({3});
-    start();
-    startNote();
-    typeTitle("Shopping");
-    typeNote("milk");
-
-    done();
-
-    const auto messages = storeMessages();
-    const auto title = std::find(messages.begin(), messages.end(), "setTitle:");
-    ASSERT_GE(messages.end() - title, 5);
-    EXPECT_EQ(std::vector<std::string>(title, title + 5),
-              (std::vector<std::string>{"setTitle:", "setContent:", "setIsPlainText:", "setContent:", "setSummary:"}));
 }
 
 TEST_F(NoteSaving, TheFadeIsFollowedByTheActivitysEnd) {

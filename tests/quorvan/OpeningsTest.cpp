@@ -96,6 +96,24 @@ protected:
             cancel();
         }
     }
+    /// In turn, as benchmarks/Openings.cpp does.
+    void saveOneOfEach(int times) {
+        for (int i = 0; i < times; ++i) {
+            openSheet();
+            openNote();
+            typeNote("milk");
+            done();
+            openSheet();
+            openReminder();
+            typeNote("milk");
+            done();
+            openSheet();
+            openEvent();
+            touchAndWait("Description");
+            type("milk");
+            done();
+        }
+    }
     Counts growth(int times) {
         openAndCancel(warmUp);
         const Counts before = counts();
@@ -148,6 +166,23 @@ TEST_F(Openings, ThatEndWithASavedNoteLeaveNothingBehind) {
     writeNotes(few);
 
     EXPECT_EQ(difference(before, counts()), Counts());
+}
+
+TEST_F(Openings, ThatEndWithSavedNotesRemindersAndEventsLeaveNothingBehind) {
+    phone::countLiveObjects();
+    useReminders(phone::Access::Allow);
+    useEvents(phone::Access::Allow);
+    start({.app = "older"});
+    startCall();
+    saveOneOfEach(warmUp);
+
+    const Counts before = counts();
+    saveOneOfEach(few);
+
+    EXPECT_EQ(difference(before, counts()), Counts());
+    EXPECT_EQ(notes().size(), std::size_t(warmUp + few));
+    EXPECT_EQ(reminders().size(), std::size_t(warmUp + few));
+    EXPECT_EQ(events().size(), std::size_t(warmUp + few));
 }
 
 TEST_F(Openings, OfTheEventsScreensLeaveNothingBehind) {

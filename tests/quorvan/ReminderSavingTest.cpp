@@ -45,49 +45,6 @@ TEST_F(ReminderSaving, WithEverythingChosenSavesAllOfIt) {
     EXPECT_EQ(saved().item.alarms[0].moment, 1772784000); // 08:00 UTC
 }
 
-TEST_F(ReminderSaving, SendsTheStoreItsMessagesInOrder) {
-    startTyped();
-
-    done();
-
-    EXPECT_EQ(savingMessages(), (Texts{
-                                    "init",
-                                    "respondsToSelector:",
-                                    "requestAccessToEntityType:completion:",
-                                    "calendarsForEntityType:",
-                                    "reminderWithEventStore:",
-                                    "defaultCalendarForNewReminders",
-                                    "setCalendar:",
-                                    "setTitle:",
-                                    "setPriority:",
-                                    "saveReminder:commit:error:",
-                                }));
-}
-
-TEST_F(ReminderSaving, SendsTheStoreTheDatesAndTheAlarmInOrder) {
-    startTyped();
-    chooseDate("2026-03-06T09:00");
-
-    done();
-
-    EXPECT_EQ(savingMessages(), (Texts{
-                                    "init",
-                                    "respondsToSelector:",
-                                    "requestAccessToEntityType:completion:",
-                                    "calendarsForEntityType:",
-                                    "reminderWithEventStore:",
-                                    "defaultCalendarForNewReminders",
-                                    "setCalendar:",
-                                    "setTitle:",
-                                    "setPriority:",
-                                    "setStartDateComponents:",
-                                    "setDueDateComponents:",
-                                    "alarmWithAbsoluteDate:",
-                                    "setAlarms:",
-                                    "saveReminder:commit:error:",
-                                }));
-}
-
 TEST_F(ReminderSaving, TheActivityEndsWithoutWaitingForTheAnswer) {
     startTyped();
 

@@ -1,0 +1,102 @@
+// What each screen's builder makes, before anybody puts it into its place, and how many rows each screen says it has.
+
+#include "platform/uikit/UITableView.h"
+#include "tests/quorvan/EventTest.h"
+#include "tests/quorvan/Screens.h"
+
+#include <functional>
+#include <sstream>
+
+namespace {
+
+using Counts = std::vector<objc::Int>;
+
+struct Expected {
+    std::vector<std::string> way; // the activity and the rows to be tapped
+    std::string builder;
+    std::string onAPhone;
+    std::string onATablet;
+    Counts rows; // of each section; none where there is no table
+};
+
+// Some lie a quarter of the space beside them down: of 568 or 1024 points less their height.
+const std::vector<Expected> panels = {
+    {{"Note"}, "createNote", "15 20.6 290 225", "15 20.6 538 250", {1}},
+    {{"Note", "Account"}, "createNote", "15 20.6 290 225", "15 20.6 538 250", {2}},
+    {{"Reminder"}, "createReminder", "15 20.6 290 270", "15 20.6 290 270", {3}},
+    {{"Reminder", "List"}, "reminderList", "15 20.6 290 270", "15 20.6 290 270", {0}},
+    {{"Reminder", "Remind me"}, "reminderList", "15 20.6 290 270", "15 20.6 290 270", {}},
+    {{"Reminder", "Priority"}, "reminderList", "15 20.6 290 270", "15 20.6 290 270", {4}},
+    {{"Event"}, "createReminder", "15 74.5 290 270", "15 188.5 290 270", {3}},
+    {{"Event", "Calendar"}, "reminderList", "15 20.6 290 270", "15 20.6 290 270", {0}},
+    {{"Event", "Date"}, "createReminder", "15 20.6 290 270", "15 20.6 290 270", {2}},
+    {{"Event", "Date", "Start"}, "reminderList", "15 20.6 290 184", "15 20.6 290 184", {}},
+    {{"Event", "Date", "End"}, "reminderList", "15 20.6 290 184", "15 20.6 290 184", {}},
+    {{"Event", "Repeat"}, "reminderList", "15 20.6 290 270", "15 20.6 290 270", {1, 6}},
+    {{"Event", "Repeat", "End Date"}, "reminderList", "15 74.5 290 270", "15 188.5 290 270", {}},
+};
+
+class Panels : public EventTest {
+protected:
+    Panels() {
+        useReminders(phone::Access::Allow);
+        useEvents(phone::Access::Allow);
+    }
+    /// Goes to every screen and back to the call.
+    void visitEach(const std::function<void(const UIViewController&, const Expected&)>& look) {
+        startCall();
+        for (const Expected& expected : panels) {
+            SCOPED_TRACE(expected.way.back());
+            openSheet();
+            for (const auto& step : expected.way) {
+                touchAndWait(step);
+            }
+            run([&] { look(screenAt(expected.way.size() - 1), expected); });
+            for (std::size_t i = 1; i < expected.way.size(); ++i) {
+                goBack();
+            }
+            cancel();
+        }
+    }
+    static std::string builtFrame(const UIViewController& screen, const std::string& builder) {
+        const id made = objc::detail::call<id>(screen.raw(), sel_registerName(builder.c_str()));
+        const CGRect frame = objc::borrow<UIView>(made).frame();
+        std::ostringstream text;
+        text << frame.origin.x << ' ' << frame.origin.y << ' ' << frame.size.width << ' ' << frame.size.height;
+        return text.str();
+    }
+    static Counts rows(const UIViewController& screen) {
+        Counts counts;
+        if (objc::responds<"numberOfSectionsInTableView:">(screen)) {
+            const auto sections = screen.send<"numberOfSectionsInTableView:", objc::Int>(UITableView());
+            for (objc::Int section = 0; section < sections; ++section) {
+                counts.push_back(screen.send<"tableView:numberOfRowsInSection:", objc::Int>(UITableView(), section));
+            }
+        }
+        return counts;
+    }
+};
+
+} // namespace
+
+TEST_F(Panels, AreBuiltAtTheTopOfAPhone) {
+    start();
+
+    visitEach([](const UIViewController& screen, const Expected& expected) {
+        EXPECT_EQ(builtFrame(screen, expected.builder), expected.onAPhone);
+    });
+}
+
+TEST_F(Panels, AreBuiltAtTheTopOfATablet) {
+    start({.device = "ipad"});
+
+    visitEach([](const UIViewController& screen, const Expected& expected) {
+        EXPECT_EQ(builtFrame(screen, expected.builder), expected.onATablet);
+    });
+}
+
+TEST_F(Panels, HaveAsManyRowsAsTheyShow) {
+    start();
+
+    visitEach([](const UIViewController& screen, const Expected& expected) { EXPECT_EQ(rows(screen), expected.rows); });
+}
