@@ -2,6 +2,7 @@
 
 #include "phone/uikit/Activity.h"
 #include "phone/uikit/ActivityTile.h"
+#include "phone/uikit/Layer.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/SystemActivity.h"
 #include "phone/uikit/SystemWords.h"
@@ -22,8 +23,9 @@ constexpr double largestWidth = 540; // of the panel, which stands in the middle
 constexpr double cornerRadius = 5;
 constexpr double hairline = 0.5;
 constexpr double cancelTextSize = 20;
-constexpr double dimming = 0.4;       // how black the screen beneath becomes
-constexpr double translucency = 0.97; // how white the panel is
+constexpr double dimming = 0.4;    // how black the screen beneath becomes
+constexpr double whiteness = 0.88; // of the panel, over the blurred screen
+constexpr double blurRadius = 20;  // points
 
 ActivityCategory categoryOf(const UIActivity& activity) {
     const Class cls = object_getClass(activity.raw());
@@ -38,7 +40,8 @@ CGRect below(CGRect frame, double distance) {
 }
 
 void makeRounded(const UIView& view) {
-    view.setBackgroundColor(UIColor::rgba(1, 1, 1, translucency));
+    view.setBackgroundColor(UIColor::rgba(1, 1, 1, whiteness));
+    Layer::of(view.layer())->setBlurBelow(blurRadius);
     view.layer().setCornerRadius(cornerRadius);
     view.layer().setMasksToBounds(true);
 }
