@@ -3,6 +3,7 @@
 #include "phone/applications/Words.h"
 #include "phone/uikit/Color.h"
 #include "phone/uikit/Interface.h"
+#include "phone/uikit/SystemWords.h"
 
 namespace phone {
 
@@ -29,7 +30,7 @@ void IdleScreen::viewDidLoad() {
     super<"viewDidLoad">();
     view().setBackgroundColor(UIColor::white());
     _title = centred(28);
-    _title.setText(word(Word::Phone));
+    _title.setText(applicationName());
     _note = centred(17);
     _note.setText(word(Word::NoCall));
     _note.setTextColor(uiColor(grey));

@@ -17,7 +17,6 @@ enum class Word {
     NotSetUp, // followed by the service's name
     NotSetUpHint,
     // calls
-    Phone,
     NoCall,
     IncomingCall,
     OnHold,
@@ -34,7 +33,7 @@ enum class Word {
     EndCall,
 };
 
-/// In German where the phone's language is a German one, else in English.
+/// In English where the phone does not speak its language.
 NSString word(Word word);
 
 } // namespace phone

@@ -34,8 +34,8 @@ private:
 /// Draws on a surface, which it keeps alive.
 std::unique_ptr<Painter> makeCairoPainter(cairo_surface_t* surface, double scale);
 
-/// Adds the outlines of the text to the current path.
-void addTextPath(cairo_t* cairo, const TextLayout& layout, CGPoint origin);
+/// Draws letters in the colour, and emoji in their own with its alpha.
+void paintText(cairo_t* cairo, const TextLayout& layout, CGPoint origin, const Color& color);
 
 /// Blurs the surface's pixels under the current clip that lie in the rectangle (points of the current
 /// transform) by a radius in pixels.

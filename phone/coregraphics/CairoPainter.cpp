@@ -130,9 +130,7 @@ public:
         cairo_restore(cr());
     }
     void text(const TextLayout& layout, CGPoint origin, const Color& color) override {
-        cairo_new_path(cr());
-        addTextPath(cr(), layout, origin);
-        fillWith(color);
+        paintText(cr(), layout, origin, color);
     }
     void blurBelow(CGRect rect, double radius) override {
         if (isEmpty(rect) || radius <= 0) {

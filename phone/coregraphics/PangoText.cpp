@@ -2,6 +2,8 @@
 #include "phone/coregraphics/Fonts.h"
 #include "phone/coregraphics/Utf16.h"
 
+#include <pango/pangofc-font.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -12,6 +14,13 @@ namespace {
 constexpr const char* ellipsis = "\u2026";
 
 double points(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
+
+/// Whether the font's characters are pictures with colours of their own.
+bool isColored(PangoFont* font) {
+    FcBool colored = FcFalse;
+    FcPatternGetBool(pango_fc_font_get_pattern(PANGO_FC_FONT(font)), FC_COLOR, 0, &colored);
+    return colored == FcTrue;
+}
 
 /// How far a face reaches above and below its baseline, in points.
 struct Metrics {
@@ -58,6 +67,8 @@ public:
 
     int lineCount() const override { return static_cast<int>(_lines.size()); }
 
+    bool isRightToLeft() const override { return _lines.front().isRightToLeft; }
+
     CGRect caret(std::size_t position) const override {
         const std::size_t byte = _index.byteOf(position);
         std::size_t at = _lines.size() - 1;
@@ -65,9 +76,11 @@ public:
             --at;
         }
         const Line& line = _lines[at];
-        int x = 0;
-        pango_layout_line_index_to_x(line.line, static_cast<int>(std::min(byte - line.base, line.layoutLength)), FALSE,
-                                     &x);
+        const auto index = static_cast<int>(std::min(byte - line.base, line.layoutLength));
+        int x = 0; // where a line that goes to the left ends; pango would give its right end
+        if (!line.isRightToLeft || index < line.line->start_index + line.line->length) {
+            pango_layout_line_index_to_x(line.line, index, FALSE, &x);
+        }
         return CGRect(line.x + points(x), static_cast<double>(at) * _metrics.height(), caretWidth, _metrics.height());
     }
 
@@ -89,14 +102,25 @@ public:
         return _index.unitOf(position);
     }
 
+    /// Adds the outlines to the current path.
     void addPath(cairo_t* cairo, CGPoint origin) const {
-        double baseline = origin.y + _metrics.ascent;
-        for (const Line& line : _lines) {
-            moveToWholePixel(cairo, origin.x + line.x, baseline);
-            pango_cairo_layout_line_path(cairo, line.line);
-            baseline += _metrics.height();
-        }
+        eachRun(cairo, origin, [&](PangoGlyphItem* run) {
+            if (!isColored(run->item->analysis.font)) {
+                pango_cairo_glyph_string_path(cairo, run->item->analysis.font, run->glyphs);
+            }
+        });
     }
+
+    /// Draws the characters that have no outlines.
+    void showPictures(cairo_t* cairo, CGPoint origin) const {
+        eachRun(cairo, origin, [&](PangoGlyphItem* run) {
+            if (isColored(run->item->analysis.font)) {
+                pango_cairo_show_glyph_string(cairo, run->item->analysis.font, run->glyphs);
+            }
+        });
+    }
+
+    bool hasPictures() const { return _hasPictures; }
 
 private:
     struct Line {
@@ -107,14 +131,30 @@ private:
         std::size_t start = 0; // where the line begins in the whole text, in bytes
         double x = 0;          // points
         double width = 0;
+        bool isRightToLeft = false;
     };
+
+    /// Calls with each run of one font, with cairo's current point where it begins.
+    template <class Show>
+    void eachRun(cairo_t* cairo, CGPoint origin, const Show& show) const {
+        double baseline = origin.y + _metrics.ascent;
+        for (const Line& line : _lines) {
+            double x = origin.x + line.x;
+            for (const GSList* at = line.line->runs; at != nullptr; at = at->next) {
+                auto* run = static_cast<PangoGlyphItem*>(at->data);
+                moveToWholePixel(cairo, x, baseline);
+                show(run);
+                x += points(pango_glyph_string_get_width(run->glyphs));
+            }
+            baseline += _metrics.height();
+        }
+    }
 
     PangoLayout* layoutOf(const std::string& text, PangoEllipsizeMode mode) {
         GObject<PangoLayout> layout(pango_layout_new(textContext()));
         FontDescription description = fontDescriptionOf(_options.face);
         pango_layout_set_font_description(layout.get(), description.get());
         pango_layout_set_text(layout.get(), text.data(), static_cast<int>(text.size()));
-        pango_layout_set_auto_dir(layout.get(), FALSE);
         if (_options.width >= 0) {
             pango_layout_set_width(layout.get(), static_cast<int>(std::floor(_options.width * PANGO_SCALE)));
             pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
@@ -133,23 +173,28 @@ private:
             line.layoutLength = std::char_traits<char>::length(pango_layout_get_text(layout));
             line.start = base + static_cast<std::size_t>(line.line->start_index);
             line.width = points(extents.width);
-            line.x = indent(line.width);
+            line.isRightToLeft = pango_layout_line_get_resolved_direction(line.line) == PANGO_DIRECTION_RTL;
+            line.x = indent(line);
+            for (const GSList* run = line.line->runs; run != nullptr; run = run->next) {
+                const auto* glyphs = static_cast<const PangoGlyphItem*>(run->data);
+                _hasPictures = _hasPictures || isColored(glyphs->item->analysis.font);
+            }
             _lines.push_back(line);
         } while (pango_layout_iter_next_line(at));
         pango_layout_iter_free(at);
     }
 
-    double indent(double lineWidth) const {
-        if (_options.width < 0) {
-            return 0;
-        }
+    double indent(const Line& line) const {
+        const double spare = _options.width < 0 ? 0 : _options.width - line.width;
         switch (_options.alignment) {
         case Alignment::Left:
             return 0;
         case Alignment::Center:
-            return (_options.width - lineWidth) / 2;
+            return spare / 2;
         case Alignment::Right:
-            return _options.width - lineWidth;
+            return spare;
+        case Alignment::Natural:
+            return line.isRightToLeft ? spare : 0;
         }
         return 0;
     }
@@ -191,6 +236,7 @@ private:
     Metrics _metrics;
     std::vector<GObject<PangoLayout>> _layouts;
     std::vector<Line> _lines;
+    bool _hasPictures = false;
 };
 
 } // namespace
@@ -202,8 +248,18 @@ std::unique_ptr<TextLayout> TextLayout::make(const std::string& utf8, const Opti
 double TextLayout::lineHeight(const Typeface& face) { return metricsOf(face).height(); }
 double TextLayout::ascender(const Typeface& face) { return metricsOf(face).ascent; }
 
-void addTextPath(cairo_t* cairo, const TextLayout& layout, CGPoint origin) {
-    static_cast<const PangoText&>(layout).addPath(cairo, origin);
+void paintText(cairo_t* cairo, const TextLayout& layout, CGPoint origin, const Color& color) {
+    const auto& text = static_cast<const PangoText&>(layout);
+    cairo_new_path(cairo);
+    text.addPath(cairo, origin);
+    cairo_set_source_rgba(cairo, color.red, color.green, color.blue, color.alpha);
+    cairo_fill(cairo);
+    if (text.hasPictures()) {
+        cairo_push_group(cairo); // pictures take only the colour's alpha
+        text.showPictures(cairo, origin);
+        cairo_pop_group_to_source(cairo);
+        cairo_paint_with_alpha(cairo, color.alpha);
+    }
 }
 
 } // namespace phone

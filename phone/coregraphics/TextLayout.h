@@ -18,12 +18,13 @@ struct Typeface {
     friend bool operator==(const Typeface&, const Typeface&) = default;
 };
 
-/// Laid-out text. Positions are UTF-16 units, as the platform counts them; one inside a character that
-/// has two units counts as the character's start. All lines are equally high, whatever faces stand in
-/// for characters that the face does not have.
+/// Laid-out text; each paragraph goes in the direction of its first letter. Positions are UTF-16 units, as the platform
+/// counts them; one inside a character that has two units counts as the character's start. All lines are equally high,
+/// whatever faces stand in for characters that the face does not have.
 class TextLayout {
 public:
-    enum class Alignment { Left, Center, Right };
+    /// Natural: where the text begins by its own direction, paragraph by paragraph.
+    enum class Alignment { Left, Center, Right, Natural };
     struct Options {
         Typeface face{};
         double width = -1;                     // points; negative: one endless line a paragraph
@@ -39,6 +40,8 @@ public:
     /// The widest line and the height of all lines. Text without characters is one empty line.
     virtual CGSize size() const = 0;
     virtual int lineCount() const = 0;
+    /// Whether the first paragraph is written from right to left.
+    virtual bool isRightToLeft() const = 0;
     /// The caret before the unit at `position`; the text's end for a larger one.
     virtual CGRect caret(std::size_t position) const = 0;
     /// The position nearest to a point.

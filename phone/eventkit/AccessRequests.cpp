@@ -1,9 +1,9 @@
 #include "phone/eventkit/AccessRequests.h"
 
 #include "phone/device/RootFolder.h"
+#include "phone/eventkit/AccessPrompt.h"
 #include "phone/eventkit/CalendarFolder.h"
 #include "phone/foundation/Text.h"
-#include "phone/uikit/Alert.h"
 #include "platform/foundation/NSNotification.h"
 #include "platform/objc/Exception.h"
 #include "platform/objc/Pool.h"
@@ -26,10 +26,6 @@ namespace {
 constexpr const char* changedNotification = "EKEventStoreChangedNotification";
 
 CalendarFolder folder(EntityType type) { return {RootFolder::path(), type}; }
-
-std::string title(EntityType type) {
-    return std::string("“Phone” Would Like to Access Your ") + (type == EntityType::Event ? "Calendar" : "Reminders");
-}
 
 /// What got out of a completion: an object of the platform's, or a C++ exception.
 struct Escaped {
@@ -81,8 +77,7 @@ bool AccessRequests::answerWaiting() {
 }
 
 void AccessRequests::ask(EntityType type) {
-    static constexpr int allow = 1;
-    askPerson(title(type), "", {"Don't Allow", "OK"}, [this, type](int button) { decided(type, button == allow); });
+    askPerson(accessQuestion(type, [this, type](bool allowed) { decided(type, allowed); }));
 }
 
 void AccessRequests::decided(EntityType type, bool allowed) {

@@ -16,12 +16,14 @@ public:
 
     static void define(objc::ClassTable<ActivityIcon>& c);
     static UIView with(const UIActivity& activity);
+    /// The activity's own; nil for one that the system draws, and where the picture is missing.
+    const UIImage& image() const { return _image; }
 
 private:
     void drawRect(CGRect rect);
 
     UIActivity _activity;
-    UIImage _image; // nil for a picture that is missing: the tile stays empty
+    UIImage _image; // nil: the tile stays empty, or the system draws it
 };
 
 } // namespace phone

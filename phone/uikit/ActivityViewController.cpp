@@ -5,7 +5,7 @@
 #include "phone/foundation/Raise.h"
 #include "phone/uikit/Activity.h"
 #include "phone/uikit/ActivityTile.h"
-#include "phone/uikit/Color.h"
+#include "phone/uikit/Layer.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/SystemActivity.h"
 #include "phone/uikit/SystemWords.h"
@@ -26,9 +26,10 @@ constexpr double largestWidth = 540; // of the panel, which stands in the middle
 constexpr double cornerRadius = 5;
 constexpr double hairline = 0.5;
 constexpr double cancelTextSize = 20;
-constexpr double dimming = 0.4;        // how black the screen beneath becomes
-constexpr Color ground{1, 1, 1, 0.97}; // of the panel
-constexpr CGFloat popoverTiles = 4;    // beside each other in a popover
+constexpr double dimming = 0.4;     // how black the screen beneath becomes
+constexpr double whiteness = 0.88;  // of the panel, over the blurred screen
+constexpr double blurRadius = 20;   // points
+constexpr CGFloat popoverTiles = 4; // beside each other in a popover
 
 ActivityCategory categoryOf(const UIActivity& activity) {
     const Class cls = object_getClass(activity.raw());
@@ -43,7 +44,8 @@ CGRect below(CGRect frame, double distance) {
 }
 
 void makeRounded(const UIView& view) {
-    view.setBackgroundColor(uiColor(ground));
+    view.setBackgroundColor(UIColor::rgba(1, 1, 1, whiteness));
+    Layer::of(view.layer())->setBlurBelow(blurRadius);
     view.layer().setCornerRadius(cornerRadius);
     view.layer().setMasksToBounds(true);
 }
@@ -139,7 +141,7 @@ void ActivityViewController::loadView() {
     root.addSubview(_panel);
     if (popover()) {
         _panel.layer().setCornerRadius(popoverRoundness);
-        _arrow = PopoverArrow::with(ground);
+        _arrow = PopoverArrow::with({1, 1, 1, whiteness});
         root.addSubview(objc::as<UIView>(_arrow));
         send<"setView:">(root);
         return;

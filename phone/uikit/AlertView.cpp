@@ -1,6 +1,7 @@
 #include "phone/uikit/AlertView.h"
 
 #include "phone/foundation/Text.h"
+#include "phone/uikit/Layer.h"
 #include "platform/uikit/UIButton.h"
 
 namespace phone {
@@ -8,6 +9,8 @@ namespace phone {
 namespace {
 
 constexpr CGFloat cornerRadius = 7;
+constexpr double whiteness = 0.92;  // over the blurred screen
+constexpr double blurRadius = 15;   // points
 constexpr CGFloat margin = 15;      // at the sides of the texts
 constexpr CGFloat textMargin = 19;  // above and below them
 constexpr CGFloat textDistance = 4; // between title and message
@@ -46,7 +49,8 @@ UIView AlertView::with(const Question& question) {
 }
 
 void AlertView::build(const Question& question) {
-    setBackgroundColor(UIColor::white());
+    setBackgroundColor(UIColor::rgba(1, 1, 1, whiteness));
+    Layer::of(layer())->setBlurBelow(blurRadius);
     layer().setCornerRadius(cornerRadius);
     layer().setMasksToBounds(true);
     setAutoresizingMask(

@@ -6,6 +6,7 @@
 #include "phone/uikit/Interface.h"
 #include "phone/uikit/Layer.h"
 #include "phone/uikit/StatusBar.h"
+#include "phone/uikit/StatusBarStyle.h"
 #include "phone/uikit/View.h"
 #include "phone/uikit/ViewController.h"
 #include "phone/uikit/Window.h"
@@ -64,6 +65,7 @@ void drawLayer(Painter& painter, const UIView& view, const View& peer, const Pre
         if (layer->masksToBounds()) {
             painter.clip(area, radius);
         }
+        painter.blurBelow(area, layer->blurBelow());
         if (now.background) {
             painter.fill(area, colorOf(now.background), radius);
         }
@@ -112,33 +114,13 @@ UIViewController controllerInFront() {
     return filling;
 }
 
-/// Whether what has been drawn under the status bar is dark on the whole.
-bool isDarkUnderStatusBar(const Canvas& canvas) {
-    constexpr int samples = 16;
-    const DeviceProfile& device = settings().device;
-    const Interface& interface = Interface::shared();
-    unsigned light = 0;
-    for (int i = 0; i < samples; ++i) {
-        const CGPoint read{interface.size().width * (i + 0.5) / samples, statusBarHeight / 2};
-        const CGPoint point = HeldScreen::shared().held(interface.upright({read, {}}).origin);
-        const unsigned pixel =
-            canvas.pixel(static_cast<int>(point.x * device.scale), static_cast<int>(point.y * device.scale));
-        light += ((pixel >> 16) & 0xff) + ((pixel >> 8) & 0xff) + (pixel & 0xff);
-    }
-    constexpr unsigned half = samples * 3 * 0x80;
-    return light < half;
+/// As the controller in front asks, whatever lies beneath and whether it can be read there.
+Color statusBarColor() {
+    const auto style = controllerInFront().send<"preferredStatusBarStyle", StatusBarStyle>();
+    return style == StatusBarStyle::Light ? Color{1, 1, 1, 1} : Color{0, 0, 0, 1};
 }
 
-/// `UIStatusBarStyleLightContent`
-constexpr objc::Int lightContent = 1;
-
-/// White where the controller in front asks for it, and over what is dark: the text is always legible.
-Color statusBarColor(const Canvas& canvas) {
-    const bool asked = controllerInFront().send<"preferredStatusBarStyle", objc::Int>() == lightContent;
-    return asked || isDarkUnderStatusBar(canvas) ? Color{1, 1, 1, 1} : Color{0, 0, 0, 1};
-}
-
-void drawInterfaceStatusBar(const Canvas& canvas, Painter& painter) {
+void drawInterfaceStatusBar(Painter& painter) {
     const Interface& interface = Interface::shared();
     const DeviceProfile& device = settings().device;
     const CGSize size = interface.size();
@@ -146,17 +128,17 @@ void drawInterfaceStatusBar(const Canvas& canvas, Painter& painter) {
     painter.translate(device.width / 2, device.height / 2);
     painter.rotate(interface.quarters() * std::numbers::pi / 2);
     painter.translate(-size.width / 2, -size.height / 2);
-    drawStatusBar(painter, size.width, statusBarColor(canvas));
+    drawStatusBar(painter, size.width, statusBarColor());
 }
 
-void drawScreen(const Canvas& canvas, Painter& painter, double width, double height) {
+void drawScreen(Painter& painter, double width, double height) {
     painter.fill({0, 0, width, height}, Color{0, 0, 0, 1});
     const auto windows = Window::all();
     auto window = windows.begin();
     for (; window != windows.end() && window->windowLevel() < statusBarLevel; ++window) {
         draw(painter, *window);
     }
-    drawInterfaceStatusBar(canvas, painter);
+    drawInterfaceStatusBar(painter);
     for (; window != windows.end(); ++window) {
         draw(painter, *window);
     }
@@ -174,7 +156,7 @@ std::unique_ptr<Canvas> pictureOfScreen() {
     painter.translate(size.width / 2, size.height / 2);
     painter.rotate(held.quarterTurns() * std::numbers::pi / 2);
     painter.translate(-device.width / 2, -device.height / 2);
-    drawScreen(*canvas, painter, device.width, device.height);
+    drawScreen(painter, device.width, device.height);
     return canvas;
 }
 

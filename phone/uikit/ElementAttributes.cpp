@@ -1,6 +1,7 @@
 #include "phone/uikit/ElementAttributes.h"
 
 #include "phone/foundation/Text.h"
+#include "phone/uikit/ActivityIcon.h"
 #include "phone/uikit/CalendarFields.h"
 #include "phone/uikit/Color.h"
 #include "phone/uikit/Font.h"
@@ -177,6 +178,10 @@ void writeClassAttributes(pugi::xml_node& element, const UIView& view) {
     } else if (objc::isKind<UIImageView>(view)) {
         if (const UIImage image = objc::as<UIImageView>(view).image()) {
             writeAttribute(element, "image", imagePath(image));
+        }
+    } else if (const ActivityIcon* icon = ActivityIcon::of(view)) {
+        if (!imagePath(icon->image()).empty()) {
+            writeAttribute(element, "image", imagePath(icon->image()));
         }
     } else if (objc::isKind<UITableViewCell>(view)) {
         writeCell(element, objc::as<UITableViewCell>(view));

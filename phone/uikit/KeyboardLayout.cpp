@@ -1,6 +1,7 @@
 #include "phone/uikit/KeyboardLayout.h"
 
 #include "phone/coregraphics/Graphemes.h"
+#include "phone/uikit/Language.h"
 
 #include <algorithm>
 #include <array>
@@ -18,9 +19,28 @@ constexpr CGFloat capGapX = 3;
 constexpr CGFloat capTop = 10;
 constexpr CGFloat capBottom = 5;
 
-bool isGerman(std::string_view language) {
-    return language == "de" || language.starts_with("de-") || language.starts_with("de_");
-}
+bool isGerman(std::string_view language) { return languageOf(language) == Language::German; }
+
+// The words on keys: en de fr es it nl pt ru ja zh
+constexpr Translations spaceWords{"space",  "Leerzeichen", "espace", "espacio", "spazio",
+                                  "spatie", "espaço",      "Пробел", "空白",    "空格"};
+constexpr Translations returnWords{"return", "Return",  "retour", "intro", "invio",
+                                   "return", "retorno", "Ввод",   "改行",  "换行"};
+constexpr Translations goWords{"Go", "Öffnen", "Accéder", "Ir", "Vai", "Ga", "Ir", "Перейти", "開く", "前往"};
+constexpr Translations searchWords{"Search", "Suchen", "Rechercher", "Buscar", "Cerca",
+                                   "Zoek",   "Buscar", "Найти",      "検索",   "搜索"};
+constexpr Translations joinWords{"Join",    "Verbinden", "Rejoindre", "Conectar", "Accedi",
+                                 "Verbind", "Conectar",  "Войти",     "接続",     "加入"};
+constexpr Translations nextWords{"Next",     "Weiter",  "Suivant", "Siguiente", "Avanti",
+                                 "Volgende", "Próximo", "Далее",   "次へ",      "下一项"};
+constexpr Translations routeWords{"Route", "Route", "Itinéraire", "Ruta", "Percorso",
+                                  "Route", "Rota",  "Маршрут",    "経路", "路线"};
+constexpr Translations sendWords{"Send",  "Senden", "Envoyer",   "Enviar", "Invia",
+                                 "Stuur", "Enviar", "Отправить", "送信",   "发送"};
+constexpr Translations doneWords{"Done", "Fertig", "OK", "OK", "Fine", "Gereed", "OK", "Готово", "完了", "完成"};
+constexpr Translations emergencyCallWords{"Emergency Call", "Notruf",     "Appel d’urgence", "Llamada de emergencia",
+                                          "Chiamata SOS",   "Noodoproep", "Emergência",      "Экстренный вызов",
+                                          "緊急電話",       "紧急呼叫"};
 
 /// The rows of one plane: what each key types. Letters carry their capitals in the same places.
 struct Characters {
@@ -97,7 +117,7 @@ KeyboardKey planeKey(KeyboardPlane plane, const std::string& title, double width
 }
 
 KeyboardKey spaceKey(const std::string& language, double width) {
-    KeyboardKey space = special(Kind::Space, isGerman(language) ? "Leerzeichen" : "space", width);
+    KeyboardKey space = special(Kind::Space, translated(spaceWords, language), width);
     space.lower = space.upper = " ";
     return space;
 }
@@ -220,29 +240,31 @@ std::vector<KeyboardKey> keyboardKeys(KeyboardPlane plane, const std::string& la
 }
 
 std::string returnKeyTitle(UIReturnKeyType type, const std::string& language) {
-    const bool german = isGerman(language);
-    switch (type) {
-    case UIReturnKeyType::Go:
-        return german ? "Öffnen" : "Go";
-    case UIReturnKeyType::Google:
-    case UIReturnKeyType::Search:
-    case UIReturnKeyType::Yahoo:
-        return german ? "Suchen" : "Search";
-    case UIReturnKeyType::Join:
-        return german ? "Verbinden" : "Join";
-    case UIReturnKeyType::Next:
-        return german ? "Weiter" : "Next";
-    case UIReturnKeyType::Route:
-        return "Route";
-    case UIReturnKeyType::Send:
-        return german ? "Senden" : "Send";
-    case UIReturnKeyType::Done:
-        return german ? "Fertig" : "Done";
-    case UIReturnKeyType::EmergencyCall:
-        return german ? "Notruf" : "Emergency Call";
-    default:
-        return german ? "Return" : "return";
-    }
+    const auto words = [type]() -> const Translations& {
+        switch (type) {
+        case UIReturnKeyType::Go:
+            return goWords;
+        case UIReturnKeyType::Google:
+        case UIReturnKeyType::Search:
+        case UIReturnKeyType::Yahoo:
+            return searchWords;
+        case UIReturnKeyType::Join:
+            return joinWords;
+        case UIReturnKeyType::Next:
+            return nextWords;
+        case UIReturnKeyType::Route:
+            return routeWords;
+        case UIReturnKeyType::Send:
+            return sendWords;
+        case UIReturnKeyType::Done:
+            return doneWords;
+        case UIReturnKeyType::EmergencyCall:
+            return emergencyCallWords;
+        default:
+            return returnWords;
+        }
+    };
+    return translated(words(), language);
 }
 
 bool returnKeyIsProminent(UIReturnKeyType type) {

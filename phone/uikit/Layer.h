@@ -1,4 +1,4 @@
-/// What of a view's look is beyond its colour: round corners, border, clipping.
+/// What of a view's look is beyond its colour: round corners, border, clipping, and what it does to what lies beneath.
 #pragma once
 
 #include "phone/coregraphics/CGColor.h"
@@ -23,6 +23,9 @@ public:
     CGFloat cornerRadius() const { return _cornerRadius; }
     bool masksToBounds() const { return _masks; }
     CGFloat borderWidth() const { return _borderWidth; }
+    /// How far what lies beneath the view is blurred, in points; 0 for not at all.
+    double blurBelow() const { return _blurBelow; }
+    void setBlurBelow(double radius) { _blurBelow = radius; }
     /// Black unless set; nullptr when that was set. Lives as long as the layer.
     CGColorRef borderColor() { return _hasBorderColor ? &_borderColor : nullptr; }
     /// Keeps a copy.
@@ -34,6 +37,7 @@ public:
 private:
     CGFloat _cornerRadius = 0;
     CGFloat _borderWidth = 0;
+    double _blurBelow = 0;
     bool _masks = false;
     bool _hasBorderColor = true;
     CGColor _borderColor;

@@ -15,13 +15,41 @@ namespace phone {
 namespace {
 
 constexpr double turnSeconds = 0.3;
-constexpr double drumRadius = 106; // points; half of what is seen of a wheel
+constexpr double drumRadius = 112;             // points
+constexpr double eyeDistance = 5 * drumRadius; // from the row in the middle to the eye, in points
 constexpr double fontSize = 22;
 constexpr double margin = 5; // between the text and the wheel's edge, in points
 constexpr Color chosenColor{0, 0, 0, 1};
 constexpr Color otherColor{0.55, 0.55, 0.57, 1};
 /// How often a ring's rows lie on the wheel: enough that no finger reaches an end in one go.
 constexpr long ringCopies = 41;
+
+/// A row as it is seen on the drum.
+struct Seen {
+    double angle; // from the row in the middle, in radians
+    /// How much smaller it looks than the row in the middle, being farther away.
+    double scale;
+
+    explicit Seen(double rowsFromMiddle)
+        : angle(rowsFromMiddle * wheelRowHeight / drumRadius),
+          scale(eyeDistance / (eyeDistance + drumRadius * (1 - std::cos(angle)))) {}
+
+    double below() const { return drumRadius * std::sin(angle) * scale; } // the row in the middle, in points
+    double height() const { return std::cos(angle) * scale; }             // for a width of `scale`
+};
+
+/// How many rows lie between the middle and where the drum turns away.
+constexpr double reach = drumRadius * std::numbers::pi / 2 / wheelRowHeight;
+
+/// The row that is seen nearest to a height below the middle, counted from the middle.
+long rowSeenAt(double below) {
+    long nearest = 0;
+    for (long row = -static_cast<long>(reach); row <= static_cast<long>(reach); ++row) {
+        const auto distance = [&](long from) { return std::abs(Seen(static_cast<double>(from)).below() - below); };
+        nearest = distance(row) < distance(nearest) ? row : nearest;
+    }
+    return nearest;
+}
 
 } // namespace
 
@@ -101,9 +129,7 @@ void PickerWheel::didEndDragging(const UIScrollView&, bool) { restAt(std::lround
 void PickerWheel::tapped(const objc::Object& recognizer) {
     const CGRect visible = bounds();
     const CGPoint finger = objc::as<UIGestureRecognizer>(recognizer).locationInView(*this);
-    const double height = std::clamp((finger.y - visible.center().y) / drumRadius, -1.0, 1.0);
-    const auto rows = std::lround(std::asin(height) * drumRadius / wheelRowHeight);
-    restAt(std::lround(placeAt(visible.origin.y)) + rows);
+    restAt(std::lround(placeAt(visible.origin.y)) + rowSeenAt(finger.y - visible.center().y));
 }
 
 void PickerWheel::restAt(long place) {
@@ -151,19 +177,25 @@ void PickerWheel::drawRect(CGRect visible) {
     drawRows(visible, {visible.origin.x, bottom, width, visible.maxY() - bottom}, false);
 }
 
+/// Where the eye is, across: in front of the middle of all wheels.
+double PickerWheel::eyeAt(CGRect visible) const {
+    const UIView picker = superview();
+    return picker ? visible.origin.x + picker.bounds().center().x - frame().origin.x : visible.center().x;
+}
+
 void PickerWheel::drawRows(CGRect visible, CGRect clip, bool chosen) {
     Painter& painter = *Painter::current();
     painter.save();
     painter.clip(clip);
     const double middle = placeAt(visible.origin.y);
-    const double reach = drumRadius * std::numbers::pi / 2 / wheelRowHeight; // rows from the middle to the edge
+    const double eye = eyeAt(visible);
     const long first = std::max(0L, static_cast<long>(std::ceil(middle - reach)));
     const long last = std::min(places() - 1, static_cast<long>(std::floor(middle + reach)));
     for (long place = first; place <= last; ++place) {
-        const double angle = (static_cast<double>(place) - middle) * wheelRowHeight / drumRadius;
-        const double y = visible.center().y + drumRadius * std::sin(angle);
-        const double flat = std::cos(angle);
-        if (y + wheelRowHeight / 2 * flat < clip.origin.y || y - wheelRowHeight / 2 * flat > clip.maxY()) {
+        const Seen row(static_cast<double>(place) - middle);
+        const double y = visible.center().y + row.below();
+        const double halfHeight = wheelRowHeight / 2 * row.height();
+        if (y + halfHeight < clip.origin.y || y - halfHeight > clip.maxY()) {
             continue;
         }
         TextLayout::Options options;
@@ -174,11 +206,11 @@ void PickerWheel::drawRows(CGRect visible, CGRect clip, bool chosen) {
         options.alignment = static_cast<TextLayout::Alignment>(_rows.alignment);
         const auto layout = TextLayout::make(_rows.title(rowAt(place)), options);
         Color color = chosen ? chosenColor : otherColor;
-        color.alpha = chosen ? 1 : flat * flat;
+        color.alpha = chosen ? 1 : std::pow(std::cos(row.angle), 2);
         painter.save();
-        painter.translate(visible.origin.x + margin, y);
-        painter.scale(1, flat);
-        painter.text(*layout, {0, -layout->size().height / 2}, color);
+        painter.translate(eye, y);
+        painter.scale(row.scale, row.height());
+        painter.text(*layout, {visible.origin.x + margin - eye, -layout->size().height / 2}, color);
         painter.restore();
     }
     painter.restore();

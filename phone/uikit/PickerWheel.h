@@ -21,7 +21,8 @@ struct WheelRows {
     std::function<std::string(long row)> title;
 };
 
-/// Scrolls through its rows, which are drawn as if they lay on a drum, and comes to rest on one of them;
+/// Scrolls through its rows, which are drawn as if they lay on a drum (flatter, narrower and paler
+/// towards its edges), and comes to rest on one of them;
 /// a tap on another row turns there. There is no fling.
 class PickerWheel : public objc::Defines<PickerWheel, UIScrollView> {
 public:
@@ -57,6 +58,7 @@ private:
     void restAt(long place);
     void arrived();
     void setRow(long row);
+    double eyeAt(CGRect visible) const;
     void drawRows(CGRect visible, CGRect clip, bool chosen);
 
     WheelRows _rows;

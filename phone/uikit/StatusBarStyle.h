@@ -1,4 +1,4 @@
-/// The colour that a screen wants the status bar written in.
+/// The colour that a controller wants the status bar written in.
 #pragma once
 
 #include "platform/objc/Runtime.h"

@@ -1,5 +1,6 @@
 #include "phone/uikit/Switch.h"
 
+#include "phone/coregraphics/Painter.h"
 #include "phone/uikit/Animator.h"
 #include "phone/uikit/Color.h"
 
@@ -19,7 +20,24 @@ constexpr CGFloat disabledAlpha = 0.5;
 
 constexpr Color onColor{76 / 255.0, 217 / 255.0, 100 / 255.0, 1};
 constexpr Color offColor{229 / 255.0, 229 / 255.0, 229 / 255.0, 1};
-constexpr Color thumbOutline{0, 0, 0, 0.2};
+constexpr Color thumbOutline{0, 0, 0, 0.1};
+constexpr Color shadowColor{0, 0, 0, 0.5};
+constexpr CGFloat shadowReach = 4; // beyond the thumb, in points
+constexpr CGFloat shadowDrop = 3;  // it falls downwards
+
+/// A soft spot.
+class ThumbShadow : public objc::Defines<ThumbShadow, UIView> {
+public:
+    static constexpr auto objc_name = "_UISwitchThumbShadow";
+    static void define(objc::ClassTable<ThumbShadow>& c) { c.overrides<"drawRect:", &ThumbShadow::drawRect>(); }
+
+private:
+    void drawRect(CGRect) {
+        if (Painter* painter = Painter::current()) {
+            painter->glow(bounds(), shadowColor);
+        }
+    }
+};
 
 UIView addPill(const UIView& around, CGRect frame, const UIColor& color) {
     const auto pill = UIView::withFrame(frame);
@@ -53,9 +71,12 @@ void Switch::initWithFrame(CGRect frame) {
     addSubview(_inside);
     _track = addPill(_inside, {{}, size}, uiColor(offColor));
     _well = addPill(_inside, {edge, edge, size.width - 2 * edge, size.height - 2 * edge}, UIColor::white());
+    _shadow = objc::as<UIView>(objc::make<objc::Ref<ThumbShadow>, "initWithFrame:">(CGRect()));
+    _inside.addSubview(_shadow);
     _thumb = addPill(_inside, {edge, edge, thumbSide, thumbSide}, UIColor::white());
     _thumb.layer().setBorderWidth(0.5);
     _thumb.layer().setBorderColor(uiColor(thumbOutline).CGColor());
+    place();
 }
 
 void Switch::setFrame(CGRect frame) { super<"setFrame:">(CGRect(frame.origin, size)); }
@@ -85,6 +106,9 @@ void Switch::show(bool animated) {
 void Switch::place() {
     const CGFloat width = _held ? heldThumbWidth : thumbSide;
     _thumb.setFrame({_shownOn ? size.width - edge - width : edge, edge, width, thumbSide});
+    const CGRect thumb = _thumb.frame();
+    _shadow.setFrame({thumb.origin.x - shadowReach, thumb.origin.y - shadowReach + shadowDrop, width + 2 * shadowReach,
+                      thumbSide + 2 * shadowReach});
     _track.setBackgroundColor(uiColor(_shownOn ? onColor : offColor));
     _well.setAlpha(_shownOn || _held ? 0 : 1);
 }

@@ -39,9 +39,10 @@ private:
     bool _held = false;    // a finger is on it: the thumb is wider
     bool _dragged = false; // that finger has moved the thumb
     CGFloat _fingerAtStart = 0;
-    UIView _inside; // holds the three below, back to front
+    UIView _inside; // holds the four below, back to front
     UIView _track;  // the colour of the on position
     UIView _well;   // the white of the off position
+    UIView _shadow; // of the thumb
     UIView _thumb;
 };
 

@@ -196,7 +196,7 @@ CGPoint TextField::textOrigin(const TextLayout& layout) {
     CGFloat x = 0;
     if (_alignment == NSTextAlignment::Center) {
         x = spare / 2;
-    } else if (_alignment == NSTextAlignment::Right) {
+    } else if (_alignment == NSTextAlignment::Right || layout.isRightToLeft()) { // as typing such a language turns it
         x = std::max<CGFloat>(0, spare - (isFirstResponder() ? TextLayout::caretWidth : 0));
     }
     return {area.origin.x + x - _scrolled, area.origin.y + (area.size.height - size.height) / 2};

@@ -23,8 +23,8 @@ TextLayout::Alignment alignmentOf(NSTextAlignment alignment) {
         return TextLayout::Alignment::Center;
     case NSTextAlignment::Right:
         return TextLayout::Alignment::Right;
-    default:
-        return TextLayout::Alignment::Left;
+    default: // typing a language that is written from right to left turns the text's side
+        return TextLayout::Alignment::Natural;
     }
 }
 
@@ -246,7 +246,9 @@ void TextView::drawRect(CGRect) {
         const CGRect left = caretRect(at);
         const CGRect right = caretRect(at + 1);
         if (left.origin.y == right.origin.y) {
-            painter->fill({left.origin, {right.origin.x - left.origin.x, left.size.height}}, selection);
+            const CGFloat from = std::min(left.origin.x, right.origin.x); // the next letter may stand at the left
+            const CGFloat to = std::max(left.origin.x, right.origin.x);
+            painter->fill({from, left.origin.y, to - from, left.size.height}, selection);
         }
     }
     painter->text(currentLayout(), {containerInset.left, containerInset.top}, colorOf(_textColor));

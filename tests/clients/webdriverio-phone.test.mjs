@@ -18,7 +18,7 @@ test('answers a question of the system with no', onSheet(async (driver) => {
     await driver.$('~Reminder').click();
     await openLists(driver);
     assert.equal(await driver.getAlertText(), question);
-    assert.deepEqual(await driver.execute('mobile: alert', { action: 'getButtons' }), ["Don't Allow", 'OK']);
+    assert.deepEqual(await driver.execute('mobile: alert', { action: 'getButtons' }), ["Don’t Allow", 'OK']);
 
     await driver.dismissAlert();
 

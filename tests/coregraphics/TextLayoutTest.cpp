@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using namespace phone;
@@ -87,6 +89,61 @@ TEST(TextLayout, DrawsChineseCharacters) {
 
     EXPECT_NEAR(layout->size().width, 2 * face.size, 0.5); // a square each
     EXPECT_TRUE(drawsAnything(*layout));
+}
+
+TEST(TextLayout, DrawsEmojiInTheirOwnColoursAndWithTheAlphaOfTheText) {
+    auto layout = line("\U0001F355"); // pizza
+    auto solid = Canvas::make(30, 30, 2);
+    auto faint = Canvas::make(30, 30, 2);
+    solid->painter().text(*layout, {2, 2}, black);
+    faint->painter().text(*layout, {2, 2}, {0, 0, 0, 0.25});
+
+    unsigned reddest = 0;
+    unsigned thickest = 0;
+    for (int y = 0; y < 60; ++y) {
+        for (int x = 0; x < 60; ++x) {
+            const unsigned pixel = solid->pixel(x, y);
+            const unsigned red = pixel >> 16 & 0xff;
+            const unsigned blue = pixel & 0xff;
+            reddest = std::max(reddest, red > blue ? red - blue : 0);
+            thickest = std::max(thickest, faint->pixel(x, y) >> 24);
+        }
+    }
+
+    EXPECT_GT(reddest, 100U);
+    EXPECT_NEAR(thickest, 0.25 * 0xff, 2);
+    EXPECT_NEAR(layout->size().width, 1.25 * face.size, 0.25 * face.size); // in the size of the letters
+}
+
+TEST(TextLayout, WritesEachParagraphInItsOwnDirection) {
+    auto layout = line("\u05e9\u05dc\u05d5\u05dd!\nshalom!"); // in Hebrew, then in Latin letters
+    const double height = TextLayout::lineHeight(face);
+
+    EXPECT_TRUE(layout->isRightToLeft());
+    EXPECT_FALSE(line("shalom")->isRightToLeft());
+    EXPECT_GT(layout->caret(0).origin.x, layout->caret(1).origin.x);
+    EXPECT_NEAR(layout->caret(5).origin.x, 0, 0.01); // after the mark, which stands at the left
+    EXPECT_EQ(layout->caret(6).origin, (CGPoint{0, height}));
+    EXPECT_EQ(layout->positionAt({0, height / 2}), 5U);
+}
+
+TEST(TextLayout, StandsByItsDirectionWhereNothingElseIsSaid) {
+    TextLayout::Options options{.face = face, .width = 200};
+    options.alignment = TextLayout::Alignment::Natural;
+    auto natural = TextLayout::make("\u05e9\u05dc\u05d5\u05dd\nab", options);
+    options.alignment = TextLayout::Alignment::Left;
+    auto left = TextLayout::make("\u05e9\u05dc\u05d5\u05dd", options);
+
+    EXPECT_NEAR(natural->caret(0).origin.x, 200, 0.01);
+    EXPECT_NEAR(natural->caret(5).origin.x, 0, 0.01);
+    EXPECT_NEAR(left->caret(4).origin.x, 0, 0.01);
+}
+
+TEST(TextLayout, JoinsArabicLetters) {
+    auto joined = line("\u0628\u0628\u0628");
+    auto apart = line("\u0628\u200c\u0628\u200c\u0628");
+
+    EXPECT_LT(joined->size().width, 0.8 * apart->size().width);
 }
 
 TEST(TextLayout, PutsTheCaretBetweenCharacters) {

@@ -198,7 +198,7 @@ TEST_F(Screens, ShowAnAlertAlone) {
     const Element alert = one("class name", "Alert");
     EXPECT_FALSE(alert.label().value_or("").empty());
     EXPECT_TRUE(named("OK").isAccessible());
-    EXPECT_TRUE(named("Don't Allow").isHittable());
+    EXPECT_TRUE(named("Don’t Allow").isHittable());
     EXPECT_TRUE(all("predicate string", "accessible == 1 AND label == 'Done'").empty());
     for (const Element& element : all("predicate string", "accessible == 1")) {
         Element around = element;

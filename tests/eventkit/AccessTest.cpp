@@ -84,7 +84,7 @@ TEST_F(AccessTest, ThePersonsYesIsAnsweredOnceOnAThreadOfItsOwnAndRemembered) {
 
 TEST_F(AccessTest, ThePersonsNoIsAnsweredAndRemembered) {
     request();
-    touchButton("Don't Allow");
+    touchButton("Don’t Allow");
 
     EXPECT_EQ(answer.count, 1);
     EXPECT_FALSE(answer.granted);
@@ -117,6 +117,58 @@ TEST_F(AccessTest, EachEntityTypeIsAskedForItself) {
 
     EXPECT_TRUE(isVisible("“Phone” Would Like to Access Your Calendar"));
     EXPECT_EQ(answer.count, 0);
+}
+
+struct Prompt {
+    const char* language;
+    const char* reminders;
+    const char* calendar;
+    const char* refuse;
+    const char* allow;
+};
+
+void PrintTo(const Prompt& prompt, std::ostream* out) { *out << prompt.language; }
+
+class AccessPrompt : public AccessTest, public testing::WithParamInterface<Prompt> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    , AccessPrompt,
+    testing::Values(Prompt{"en", reminderPrompt.c_str(), "“Phone” Would Like to Access Your Calendar", "Don’t Allow",
+                           "OK"},
+                    Prompt{"de-AT", "„Telefon“ möchte auf Ihre Erinnerungen zugreifen",
+                           "„Telefon“ möchte auf Ihren Kalender zugreifen", "Nicht erlauben", "OK"},
+                    Prompt{"fr", "«\u00a0Téléphone\u00a0» souhaite accéder à vos rappels",
+                           "«\u00a0Téléphone\u00a0» souhaite accéder à votre calendrier", "Ne pas autoriser", "OK"},
+                    Prompt{"es", "“Teléfono” quiere acceder a tus recordatorios",
+                           "“Teléfono” quiere acceder a tu calendario", "No permitir", "OK"},
+                    Prompt{"it", "“Telefono” vorrebbe accedere ai tuoi promemoria",
+                           "“Telefono” vorrebbe accedere al tuo calendario", "Non consentire", "OK"},
+                    Prompt{"nl", "‘Telefoon’ wil toegang tot uw herinneringen", "‘Telefoon’ wil toegang tot uw agenda",
+                           "Sta niet toe", "OK"},
+                    Prompt{"pt", "“Telefone” Deseja Acessar Seus Lembretes", "“Telefone” Deseja Acessar Seu Calendário",
+                           "Não Permitir", "OK"},
+                    Prompt{"ru", "Приложение «Телефон» запрашивает доступ к Вашим напоминаниям",
+                           "Приложение «Телефон» запрашивает доступ к Вашему календарю", "Не разрешать", "OK"},
+                    Prompt{"ja", "“電話”がリマインダーへのアクセスを求めています",
+                           "“電話”がカレンダーへのアクセスを求めています", "許可しない", "OK"},
+                    Prompt{"zh-Hans", "“电话”想访问您的提醒事项", "“电话”想访问您的日历", "不允许", "好"}),
+    [](const auto& info) { return std::string(info.param.language).substr(0, 2); });
+
+// Holds: access-prompt
+TEST_P(AccessPrompt, NamesTheApplicationInThePhonesLanguage) {
+    useLanguage(GetParam().language);
+    request();
+    settle();
+    EXPECT_TRUE(isVisible(GetParam().reminders));
+    EXPECT_TRUE(isVisible(GetParam().allow));
+    touchButton(GetParam().refuse);
+    EXPECT_EQ(calendarFolder(EntityType::Reminder).access(), Access::Deny);
+
+    request(EKEntityType::Event);
+    settle();
+    EXPECT_TRUE(isVisible(GetParam().calendar));
+    touchButton(GetParam().allow);
+    EXPECT_EQ(calendarFolder(EntityType::Event).access(), Access::Allow);
 }
 
 TEST_F(AccessTest, AStoreMadeBeforeTheGrantSeesItsListsInsideTheCompletion) {
@@ -206,7 +258,7 @@ TEST_F(AccessTest, AGrantIsAnnouncedOnceAndARefusalIsNot) {
     center.addObserver(counter, objc::selector<"storeChanged:">(), "EKEventStoreChangedNotification"_ns, nullptr);
 
     request(EKEntityType::Event);
-    touchButton("Don't Allow");
+    touchButton("Don’t Allow");
     EXPECT_EQ(counter->number, 0);
 
     request(EKEntityType::Reminder);

@@ -1,4 +1,5 @@
 #include "tests/phone/PhoneTest.h"
+#include "tests/phone/Picture.h"
 #include "tests/phone/Probe.h"
 
 #include "phone/foundation/Text.h"
@@ -184,6 +185,20 @@ TEST_F(ActivityViewController, HasThePlatformsTypes) {
     EXPECT_EQ(phone::text(objc::borrow<NSString>(UIActivityTypePrint)), "com.apple.UIKit.activity.Print");
     EXPECT_EQ(phone::text(objc::borrow<NSString>(UIActivityTypeAddToReadingList)),
               "com.apple.UIKit.activity.AddToReadingList");
+}
+
+// Holds: sheet-is-blurred
+TEST_F(ActivityViewController, LetsNothingSharpShineThrough) {
+    open(nullptr);
+    addStripes(lower.view());
+    const double panel = top("Message") - 77; // the title stands that far below the panel's edge
+    const double cancel = top("Cancel");
+    const Picture picture;
+
+    EXPECT_GT(picture.sharpest({20, panel - 20, 280, 10}), 100);
+    EXPECT_LE(picture.sharpest({20, panel + 3, 280, 6}), 2);
+    EXPECT_LE(picture.sharpest({20, cancel, 80, 20}), 2);
+    EXPECT_LT(picture.brightness(60, cancel), 250);
 }
 
 TEST_F(ActivityViewController, TellsNobodyBeneath) {

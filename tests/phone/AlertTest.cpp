@@ -1,6 +1,7 @@
 #include "phone/uikit/Alert.h"
 
 #include "tests/phone/PhoneTest.h"
+#include "tests/phone/Picture.h"
 
 namespace {
 
@@ -8,7 +9,7 @@ using Answers = std::vector<std::string>;
 
 class Alert : public PhoneTest {
 protected:
-    void ask(const std::string& title, const std::vector<std::string>& buttons = {"Don't Allow", "OK"}) {
+    void ask(const std::string& title, const std::vector<std::string>& buttons = {"Don’t Allow", "OK"}) {
         run([&] {
             phone::askPerson(title, "It asks only once.", buttons,
                              [this, title](int button) { answers.push_back(title + " " + std::to_string(button)); });
@@ -26,16 +27,22 @@ TEST_F(Alert, ShowsItsTextsAndButtons) {
 
     EXPECT_TRUE(isVisible("May it?"));
     EXPECT_TRUE(isVisible("It asks only once."));
-    EXPECT_TRUE(isVisible("Don't Allow"));
+    EXPECT_TRUE(isVisible("Don’t Allow"));
     EXPECT_TRUE(isVisible("OK"));
     EXPECT_TRUE(answers.empty());
 }
 
-TEST_F(Alert, LetsNothingShineThroughItsPanel) {
+TEST_F(Alert, LetsShineThroughItsPanelWhatLiesBeneathButNothingSharp) {
+    useClassesOnly();
+    addStripes(window());
     ask("May it?");
+    const Picture picture;
+    const double y = 284; // the middle; the panel begins 25 points from the left edge
 
-    EXPECT_EQ(attribute(find("May it?").parent(), "background"), "#ffffffff");
-    EXPECT_EQ(attribute(find("May it?").parent(), "alpha"), "1");
+    EXPECT_GT(picture.sharpest({5, y, 15, 2}), 100);
+    EXPECT_LE(picture.sharpest({27, y, 12, 2}), 2);
+    EXPECT_LT(picture.brightness(30, y), 255);
+    EXPECT_GT(picture.brightness(30, y), 230);
 }
 
 TEST_F(Alert, GivesTheNumberOfTheTouchedButtonAndGoes) {
@@ -55,7 +62,7 @@ TEST_F(Alert, AsksOneThingAfterTheOther) {
     EXPECT_TRUE(isVisible("First?"));
     EXPECT_FALSE(isVisible("Second?"));
 
-    tapOn("Don't Allow");
+    tapOn("Don’t Allow");
     settle();
     EXPECT_TRUE(isVisible("Second?"));
     tapOn("OK");

@@ -155,6 +155,10 @@ TEST_F(DatePicker, TurnsToARowThatIsTapped) {
     settle();
 
     EXPECT_EQ(date(), "2026-03-05T14:36:00+00:00");
+    tap(middleOf("minute"), middle + 82);
+    settle();
+
+    EXPECT_EQ(date(), "2026-03-05T14:39:00+00:00");
 }
 
 TEST_F(DatePicker, StaysWhenItsChosenRowIsTapped) {

@@ -2,6 +2,7 @@
 #include "platform/uikit/UISwitch.h"
 #include "tests/phone/ActionCounter.h"
 #include "tests/phone/PhoneTest.h"
+#include "tests/phone/Picture.h"
 
 namespace {
 
@@ -35,6 +36,20 @@ TEST_F(Switch, KeepsItsOriginAndHasASizeOfItsOwn) {
 }
 
 TEST_F(Switch, IsOffAtFirst) { EXPECT_FALSE(toggle.isOn()); }
+
+TEST_F(Switch, CastsTheShadowOfItsThumbInBothPositions) {
+    screen.setBackgroundColor(UIColor::white());
+    const double below = 132; // the switch ends at 131
+    const double left = 242;  // the middle of the thumb
+    const double right = 263;
+    EXPECT_LT(Picture().brightness(left, below), 245);
+    EXPECT_EQ(Picture().brightness(right + 5, below), 255);
+
+    toggle.setOn(true);
+
+    EXPECT_LT(Picture().brightness(right, below), 245);
+    EXPECT_EQ(Picture().brightness(left - 5, below), 255);
+}
 
 TEST_F(Switch, IsTurnedByATouchAndSendsValueChanged) {
     tap(250, 115);

@@ -4,6 +4,7 @@
 #include "phone/uikit/Keyboard.h"
 #include "tests/phone/EditingRecorder.h"
 #include "tests/phone/PhoneTest.h"
+#include "tests/phone/Picture.h"
 
 namespace {
 
@@ -277,6 +278,20 @@ TEST_F(TextField, AsksNobodyAgainWhileItIsBecomingOrResigning) {
     first.resignFirstResponder();
 
     EXPECT_EQ(recorder->take(), (Entries{"shouldBegin first", "didBegin first", "shouldEnd first", "didEnd first"}));
+}
+
+TEST_F(TextField, WritesFromTheRightWhereItsTextIsWrittenThatWay) {
+    screen.setBackgroundColor(UIColor::white());
+    first.becomeFirstResponder();
+    settle();
+    type("\u05e9\u05dc\u05d5\u05dd"); // Hebrew
+    first.resignFirstResponder();
+    settle();
+
+    const CGRect ink = Picture().ink({0, 50, 320, 30});
+
+    EXPECT_NEAR(ink.maxX(), 220, 2);
+    EXPECT_GT(ink.origin.x, 150);
 }
 
 // Holds: field-placeholder

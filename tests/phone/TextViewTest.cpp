@@ -3,6 +3,7 @@
 #include "phone/uikit/Keyboard.h"
 #include "tests/phone/EditingRecorder.h"
 #include "tests/phone/PhoneTest.h"
+#include "tests/phone/Picture.h"
 
 namespace {
 
@@ -139,6 +140,22 @@ TEST_F(TextView, PutsTheCaretWhereItIsTouched) {
     type("x");
 
     EXPECT_EQ(text(), "xabc\ndef");
+}
+
+TEST_F(TextView, WritesEachParagraphFromItsOwnSide) {
+    screen.setBackgroundColor(UIColor::white());
+    note.setText("\u0645\u0631\u062d\u0628\u0627\nhello"_ns); // Arabic, then English
+    advance(0);
+    const Picture picture;
+    const CGFloat line = note.font().lineHeight();
+
+    const CGRect arabic = picture.ink({0, 58, 320, line - 2});
+    const CGRect english = picture.ink({0, 58 + line + 4, 320, line - 8});
+
+    EXPECT_NEAR(arabic.maxX(), 300, 3);
+    EXPECT_GT(arabic.origin.x, 200);
+    EXPECT_NEAR(english.origin.x, 20, 3);
+    EXPECT_LT(english.maxX(), 120);
 }
 
 TEST_F(TextView, ReplacesWhatIsSelected) {

@@ -62,7 +62,7 @@ TEST_F(EventAnswers, IsSilentWhenThePersonDoesNotAllowIt) {
     startTyped();
 
     done();
-    touchAndWait("Don't Allow");
+    touchAndWait("Don’t Allow");
 
     EXPECT_TRUE(events().empty());
     EXPECT_EQ(savingMessages().back(), "requestAccessToEntityType:completion:");

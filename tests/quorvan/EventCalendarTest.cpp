@@ -123,12 +123,12 @@ TEST_F(EventCalendar, ADeniedAccessWritesNothingAndShowsWhatWasThere) {
 
 TEST_F(EventCalendar, ARefusalAtThePromptIsRemembered) {
     startCalendar();
-    touchAndWait("Don't Allow");
+    touchAndWait("Don’t Allow");
 
     openAgain();
 
     EXPECT_EQ(rows(), Texts{});
-    EXPECT_FALSE(isVisible("Don't Allow"));
+    EXPECT_FALSE(isVisible("Don’t Allow"));
 }
 
 TEST_F(EventCalendar, AsksForEventsAndReadsTheirCalendarsOnce) {

@@ -271,8 +271,8 @@ TEST_F(EventScreen, EachRowOpensItsChooser) {
     for (const auto& [row, chooser] : choosers) {
         touchAndWait(row);
         EXPECT_EQ(screen(), chooser);
-        if (isVisible("Don't Allow")) {
-            touchAndWait("Don't Allow");
+        if (isVisible("Don’t Allow")) {
+            touchAndWait("Don’t Allow");
         }
         goBack();
         EXPECT_EQ(screen(), "EventController");

@@ -91,6 +91,21 @@ TEST_P(BothCallScreens, TheSheetShowsTheThreeActivitiesInOrder) {
     EXPECT_EQ(ours, (std::vector<std::string>{"Note", "Reminder", "Event"}));
 }
 
+TEST_P(BothCallScreens, TheSheetsIconsNameThePicturesOfTheActivitiesThatHaveOne) {
+    start(GetParam());
+    startCall();
+    tap(160, 50);
+    settle();
+
+    std::vector<std::string> pictures;
+    for (const auto& icon : tree().select_nodes("//UIActivityIcon")) {
+        pictures.push_back(attribute(icon.node(), "image"));
+    }
+
+    EXPECT_EQ(pictures, (std::vector<std::string>{"", "", "/Library/Quorvan/notes.png",
+                                                  "/Library/Quorvan/Reminders.png", "/Library/Quorvan/Events.png"}));
+}
+
 TEST_P(BothCallScreens, TheSheetOffersNoneOfTheNineExcludedTypes) {
     start(GetParam());
     startCall();

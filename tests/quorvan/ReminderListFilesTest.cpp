@@ -59,7 +59,7 @@ TEST_F(ReminderListFiles, DeniedWritesNothingAndShowsWhatTheFileHeld) {
     startReminder();
 
     open();
-    touchAndWait("Don't Allow");
+    touchAndWait("Don’t Allow");
     goBack();
     open();
 

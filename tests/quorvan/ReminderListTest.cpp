@@ -70,7 +70,7 @@ TEST_F(ReminderListChooser, OutlivesTheCallWhileThePersonIsAsked) {
 
     phoneCall("cancel");
     advance(5);
-    touchAndWait("Don't Allow");
+    touchAndWait("Don’t Allow");
     goBack();
 
     EXPECT_EQ(shownText(), "milk");

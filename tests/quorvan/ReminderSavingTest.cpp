@@ -85,7 +85,7 @@ TEST_F(ReminderSaving, IsSilentWhenThePersonDoesNotAllowIt) {
     startTyped();
 
     done();
-    touchAndWait("Don't Allow");
+    touchAndWait("Don’t Allow");
 
     EXPECT_TRUE(reminders().empty());
     EXPECT_EQ(savingMessages().back(), "requestAccessToEntityType:completion:");

@@ -279,7 +279,7 @@ TEST_F(Hands, AnswerTheSystemsQuestions) {
     }
 
     EXPECT_THAT(get("/alert/text").get<std::string>(), HasSubstr("Reminders"));
-    EXPECT_EQ(get("/wda/alert/buttons"), (json{"Don't Allow", "OK"}));
+    EXPECT_EQ(get("/wda/alert/buttons"), (json{"Don’t Allow", "OK"}));
     EXPECT_EQ(error("POST", session + "/alert/accept", {{"name", "Perhaps"}}), "invalid element state");
     post("/alert/accept");
 
