@@ -18,7 +18,7 @@ public:
     static UIView with(const UIActivity& activity);
 
 private:
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
 
     UIActivity _activity;
     UIImage _image; // nil for a picture that is missing: the tile stays empty
