@@ -11,6 +11,12 @@ namespace quorvan {
 
 namespace {
 
+// A tablet turns these screens without building them anew.
+constexpr auto coversTheScreen = UIViewAutoresizing(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+constexpr auto keepsItsPlace =
+    UIViewAutoresizing(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
+                       UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin);
+
 UIButton backButton(const UIViewController& chooser, CGRect frame) {
     const auto button = UIButton::withType(UIButtonType::Custom);
     button.setFrame(frame);
@@ -101,11 +107,14 @@ UIImageView startChooser(const UIViewController& chooser, CGSize screen, const N
 }
 
 UIImageView startChooser(const UIViewController& chooser, const NSString& title) {
-    return startChooser(chooser, UIScreen::main().bounds().size, title);
+    const auto backdrop = startChooser(chooser, UIScreen::main().bounds().size, title);
+    backdrop.setAutoresizingMask(coversTheScreen);
+    return backdrop;
 }
 
 void showPanel(const UIViewController& chooser, const UIView& panel) {
     panel.setCenter(chooser.view().center());
+    panel.setAutoresizingMask(keepsItsPlace);
     chooser.view().addSubview(panel);
 }
 

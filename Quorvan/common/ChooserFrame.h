@@ -42,9 +42,9 @@ inline constexpr CGSize chooserSize{panelWidth, 270};
 /// the navigation controller's own bar is hidden. Gives the backdrop.
 UIImageView startChooser(const UIViewController& chooser, CGSize screen, const NSString& title);
 
-/// The same with a backdrop of the main screen's size, upright.
+/// The same with a backdrop of the main screen's size, which goes on covering the view when that is turned.
 UIImageView startChooser(const UIViewController& chooser, const NSString& title);
-/// Puts the panel in the middle of the chooser's view.
+/// Puts the panel in the middle of the chooser's view, where it stays when that is turned.
 void showPanel(const UIViewController& chooser, const UIView& panel);
 /// Ends what a table tells its screen, which may be gone before the table.
 void forgetDelegates(const UITableView& table);

@@ -22,7 +22,7 @@ constexpr double paleAlpha = 0.35;
 void CallButton::define(objc::ClassTable<CallButton>& c) {
     c.overrides<"_stateChanged", &CallButton::stateChanged>()
         .overrides<"layoutSubviews", &CallButton::layoutSubviews>()
-        .overrides<"drawRect:", &CallButton::drawRect>();
+        .overrides<"_drawContent:", &CallButton::drawContent>();
 }
 
 objc::Ref<CallButton> CallButton::with(const Look& look, const NSString& caption) {
@@ -62,7 +62,7 @@ void CallButton::layoutSubviews() {
     _caption.setFrame(_look.glyph ? CGRect(0, all.size.height - captionHeight, all.size.width, captionHeight) : all);
 }
 
-void CallButton::drawRect(CGRect) {
+void CallButton::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (painter == nullptr) {
         return;

@@ -34,7 +34,7 @@ public:
 private:
     void stateChanged();
     void layoutSubviews();
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
     CGRect shapeFrame() const;
     Color ink() const;
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "phone/applications/CallView.h"
-#include "phone/uikit/Interface.h"
 #include "phone/uikit/StatusBarStyle.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIScreen.h"
@@ -18,7 +17,6 @@ public:
     static void define(objc::ClassTable<T>& c) {
         c.template overrides<"loadView", &T::loadView>()
             .template overrides<"viewDidLoad", &T::viewDidLoad>()
-            .template overrides<"shouldAutorotateToInterfaceOrientation:", &T::shouldAutorotateTo>()
             .template overrides<"viewDidAppear:", &T::viewDidAppear>()
             .template overrides<"preferredStatusBarStyle", &T::preferredStatusBarStyle>();
     }
@@ -35,8 +33,6 @@ public:
         this->template super<"viewDidAppear:">(animated);
         update();
     }
-
-    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const { return Interface::deviceAllows(orientation); }
 
     objc::Int preferredStatusBarStyle() const { return static_cast<objc::Int>(StatusBarStyle::Light); }
 

@@ -51,7 +51,7 @@ void CallView::define(objc::ClassTable<CallView>& c) {
         .action<"_accept:", &CallView::accept>()
         .action<"_end:", &CallView::end>()
         .overrides<"layoutSubviews", &CallView::layoutSubviews>()
-        .overrides<"drawRect:", &CallView::drawRect>();
+        .overrides<"_drawContent:", &CallView::drawContent>();
 }
 
 objc::Ref<CallView> CallView::with(CGRect frame, Look look) {
@@ -246,7 +246,7 @@ void CallView::layOutCallButtons() {
     _hide.setFrame(_accept.frame());
 }
 
-void CallView::drawRect(CGRect) {
+void CallView::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (painter == nullptr) {
         return;

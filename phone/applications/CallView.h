@@ -43,7 +43,7 @@ private:
     void layOutKeys(CGRect area);
     void layOutCallButtons();
     double callButtonsTop() const;
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
     NSString statusText() const;
 
     Look _look = Look::Newer;

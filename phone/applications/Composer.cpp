@@ -5,7 +5,6 @@
 #include "phone/device/RootFolder.h"
 #include "phone/foundation/Text.h"
 #include "phone/uikit/Color.h"
-#include "phone/uikit/Interface.h"
 #include "phone/uikit/SystemWords.h"
 #include "platform/uikit/UINavigationController.h"
 
@@ -49,7 +48,6 @@ std::string freePath(const std::string& folder) {
 
 void Composer::define(objc::ClassTable<Composer>& c) {
     c.overrides<"viewDidLoad", &Composer::viewDidLoad>()
-        .overrides<"shouldAutorotateToInterfaceOrientation:", &Composer::shouldAutorotateTo>()
         .action<"_send:", &Composer::send>()
         .action<"_cancel:", &Composer::cancel>();
 }
@@ -123,9 +121,5 @@ bool Composer::write() const {
 void Composer::send(const objc::Object&) { _activity.activityDidFinish(write()); }
 
 void Composer::cancel(const objc::Object&) { _activity.activityDidFinish(false); }
-
-bool Composer::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
-    return Interface::deviceAllows(orientation);
-}
 
 } // namespace phone

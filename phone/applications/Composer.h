@@ -22,7 +22,6 @@ public:
 
 private:
     void viewDidLoad();
-    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const;
     UITextField addField(const NSString& name, double y);
     void send(const objc::Object& sender);
     void cancel(const objc::Object& sender);

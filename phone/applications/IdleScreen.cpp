@@ -2,7 +2,6 @@
 
 #include "phone/applications/Words.h"
 #include "phone/uikit/Color.h"
-#include "phone/uikit/Interface.h"
 #include "phone/uikit/SystemWords.h"
 
 namespace phone {
@@ -22,7 +21,6 @@ UILabel centred(double size) {
 
 void IdleScreen::define(objc::ClassTable<IdleScreen>& c) {
     c.overrides<"viewDidLoad", &IdleScreen::viewDidLoad>()
-        .overrides<"shouldAutorotateToInterfaceOrientation:", &IdleScreen::shouldAutorotateTo>()
         .overrides<"viewWillLayoutSubviews", &IdleScreen::viewWillLayoutSubviews>();
 }
 
@@ -43,10 +41,6 @@ void IdleScreen::viewWillLayoutSubviews() {
     const CGSize size = view().bounds().size;
     _title.setFrame({0, size.height * 0.4, size.width, 36});
     _note.setFrame({0, size.height * 0.4 + 40, size.width, 24});
-}
-
-bool IdleScreen::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
-    return Interface::deviceAllows(orientation);
 }
 
 } // namespace phone

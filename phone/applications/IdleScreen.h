@@ -14,7 +14,6 @@ public:
 
 private:
     void viewDidLoad();
-    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const;
     void viewWillLayoutSubviews();
 
     UILabel _title;

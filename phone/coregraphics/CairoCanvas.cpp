@@ -22,9 +22,11 @@ cairo_status_t writeBytes(void* file, const unsigned char* bytes, unsigned count
 class CairoCanvas final : public Canvas {
 public:
     CairoCanvas(CairoSurface surface, double scale)
-        : _surface(std::move(surface)), _scale(scale), _painter(makeCairoPainter(_surface.get(), scale)) {}
+        : _surface(std::move(surface)), _scale(scale), _painter(makeCairoPainter(_surface.get(), scale)),
+          _bitmap(CairoSurface(cairo_surface_reference(_surface.get()))) {}
 
     Painter& painter() override { return *_painter; }
+    const Bitmap& bitmap() const override { return _bitmap; }
 
     bool writePng(const std::string& path) const override { return write(_surface.get(), path); }
 
@@ -70,6 +72,7 @@ private:
     CairoSurface _surface;
     double _scale;
     std::unique_ptr<Painter> _painter;
+    CairoBitmap _bitmap;
 };
 
 } // namespace

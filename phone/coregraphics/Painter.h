@@ -87,6 +87,8 @@ public:
     virtual ~Canvas() = default;
     /// Lives as long as the canvas.
     virtual Painter& painter() = 0;
+    /// What has been drawn so far; it shares the canvas's pixels and lives as long.
+    virtual const Bitmap& bitmap() const = 0;
     /// False when the file cannot be written. The same picture gives the same bytes.
     virtual bool writePng(const std::string& path) const = 0;
     /// The same of a part, in points, which is cut off at the canvas's edges; false also where nothing is left.

@@ -15,7 +15,9 @@ constexpr Color stencil{0.33, 0.33, 0.35, 1};
 
 } // namespace
 
-void ActivityIcon::define(objc::ClassTable<ActivityIcon>& c) { c.overrides<"drawRect:", &ActivityIcon::drawRect>(); }
+void ActivityIcon::define(objc::ClassTable<ActivityIcon>& c) {
+    c.overrides<"_drawContent:", &ActivityIcon::drawContent>();
+}
 
 double ActivityIcon::side() { return settings().device.isTablet() ? 76 : grid; }
 
@@ -27,7 +29,7 @@ UIView ActivityIcon::with(const UIActivity& activity) {
     return objc::as<UIView>(icon);
 }
 
-void ActivityIcon::drawRect(CGRect) {
+void ActivityIcon::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (painter == nullptr) {
         return;

@@ -20,7 +20,7 @@ public:
     const UIImage& image() const { return _image; }
 
 private:
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
 
     UIActivity _activity;
     UIImage _image; // nil: the tile stays empty, or the system draws it

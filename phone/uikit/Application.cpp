@@ -95,6 +95,7 @@ void Application::layoutWindows() {
     for (const UIWindow& window : Window::all()) {
         if (!window.isHidden()) {
             View::of(window)->layoutTree();
+            View::of(window)->displayTree();
         }
     }
 }

@@ -37,7 +37,7 @@ public:
     /// Whether somebody got the action.
     bool sendAction(SEL action, const objc::Object& target, const objc::Object& sender, const UIEvent& event);
 
-    /// Ends each cycle of the main loop: lays out what asked for it.
+    /// Ends each cycle of the main loop: lays out and draws what asked for it.
     static void layoutWindows();
 
 private:

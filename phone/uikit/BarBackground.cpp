@@ -18,7 +18,7 @@ void BarBackground::initWithFrame(CGRect frame) {
     setUserInteractionEnabled(false);
 }
 
-void BarBackground::drawRect(CGRect) {
+void BarBackground::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (painter == nullptr) {
         return;

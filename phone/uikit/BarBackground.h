@@ -9,12 +9,13 @@ class BarBackground : public objc::Defines<BarBackground, UIView> {
 public:
     static constexpr auto objc_name = "_UINavigationBarBackground";
     static void define(objc::ClassTable<BarBackground>& c) {
-        c.init<"initWithFrame:", &BarBackground::initWithFrame>().overrides<"drawRect:", &BarBackground::drawRect>();
+        c.init<"initWithFrame:", &BarBackground::initWithFrame>()
+            .overrides<"_drawContent:", &BarBackground::drawContent>();
     }
 
 private:
     void initWithFrame(CGRect frame);
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
 };
 
 } // namespace phone

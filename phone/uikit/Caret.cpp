@@ -8,7 +8,7 @@
 namespace phone {
 
 void Caret::define(objc::ClassTable<Caret>& c) {
-    c.init<"initWithFrame:", &Caret::initWithFrame>().overrides<"drawRect:", &Caret::drawRect>();
+    c.init<"initWithFrame:", &Caret::initWithFrame>().overrides<"_drawContent:", &Caret::drawContent>();
 }
 
 Caret::~Caret() { stop(); }
@@ -37,7 +37,7 @@ void Caret::stop() {
     }
 }
 
-void Caret::drawRect(CGRect) {
+void Caret::drawContent(CGRect) {
     if (Painter* painter = Painter::current()) {
         painter->fill(bounds(), colorOf(tintColor()), TextLayout::caretWidth / 2);
     }

@@ -21,7 +21,7 @@ public:
 
 private:
     void initWithFrame(CGRect frame);
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
     void stop();
 
     RunLoop::TimerId _blinking = 0; // 0 while hidden

@@ -32,23 +32,17 @@ private:
     Painter& _painter;
 };
 
-bool drawsItself(const UIView& view) {
-    SEL drawRect = objc::selector<"drawRect:">();
-    return class_getMethodImplementation(object_getClass(view.raw()), drawRect) !=
-           class_getMethodImplementation(View::definedClass(), drawRect);
-}
-
 void draw(Painter& painter, const UIView& view);
 
 /// What the view draws of itself and its children, with the origin of its bounds at the painter's.
 void drawInside(Painter& painter, const UIView& view, const View& peer, const Presentation& now) {
     const Saved saved(painter);
     painter.translate(-now.bounds.origin.x, -now.bounds.origin.y);
-    if (drawsItself(view)) {
+    {
         const Saved content(painter);
         painter.clip(now.bounds); // what a view draws never leaves its bounds
         const CurrentPainter current(painter);
-        view.send<"drawRect:">(now.bounds);
+        view.send<"_drawContent:">(now.bounds);
     }
     const auto children = peer.children();
     for (const UIView& child : children) {

@@ -1,8 +1,7 @@
 #include "phone/uikit/ImageView.h"
 
+#include "phone/uikit/ContentMode.h"
 #include "phone/uikit/Image.h"
-
-#include <algorithm>
 
 namespace phone {
 
@@ -12,7 +11,7 @@ void ImageView::define(objc::ClassTable<ImageView>& c) {
         .def<"image", &ImageView::image>()
         .def<"setImage:", &ImageView::setImage>()
         .overrides<"sizeThatFits:", &ImageView::sizeThatFits>()
-        .overrides<"drawRect:", &ImageView::drawRect>();
+        .overrides<"_drawContent:", &ImageView::drawContent>();
 }
 
 void ImageView::initWithFrame(CGRect frame) {
@@ -32,26 +31,10 @@ void ImageView::setImage(const UIImage& image) {
 
 CGSize ImageView::sizeThatFits(CGSize size) { return _image ? _image.size() : size; }
 
-void ImageView::drawRect(CGRect) {
+void ImageView::drawContent(CGRect) {
     if (Painter* painter = Painter::current()) {
         drawImage(*painter, _image, placed(_image.size(), bounds(), contentMode()));
     }
-}
-
-CGRect placed(CGSize content, CGRect bounds, UIViewContentMode mode) {
-    if (mode == UIViewContentMode::ScaleToFill || content.width <= 0 || content.height <= 0) {
-        return bounds;
-    }
-    const double across = bounds.size.width / content.width;
-    const double down = bounds.size.height / content.height;
-    double scale = 1;
-    if (mode == UIViewContentMode::ScaleAspectFit) {
-        scale = std::min(across, down);
-    } else if (mode == UIViewContentMode::ScaleAspectFill) {
-        scale = std::max(across, down);
-    }
-    const CGSize size{content.width * scale, content.height * scale};
-    return CGRect({bounds.center().x - size.width / 2, bounds.center().y - size.height / 2}, size);
 }
 
 } // namespace phone

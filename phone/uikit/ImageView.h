@@ -17,12 +17,9 @@ private:
     UIImage image() { return _image; }
     void setImage(const UIImage& image);
     CGSize sizeThatFits(CGSize size);
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
 
     UIImage _image; // nil shows nothing
 };
-
-/// Where content of this size lies in the bounds.
-CGRect placed(CGSize content, CGRect bounds, UIViewContentMode mode);
 
 } // namespace phone

@@ -5,6 +5,7 @@
 #include "phone/uikit/Alert.h"
 #include "phone/uikit/HeldScreen.h"
 #include "phone/uikit/Keyboard.h"
+#include "phone/uikit/Orientations.h"
 #include "phone/uikit/Placement.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/View.h"
@@ -37,11 +38,6 @@ UIInterfaceOrientation heldOrientation() {
 int quartersOf(UIInterfaceOrientation orientation) {
     const auto* const found = std::find(orientations.begin(), orientations.end(), orientation);
     return static_cast<int>(found - orientations.begin());
-}
-
-bool allows(const UIViewController& controller, UIInterfaceOrientation orientation) {
-    return Interface::deviceAllows(orientation) &&
-           controller.send<"shouldAutorotateToInterfaceOrientation:", bool>(orientation);
 }
 
 /// Those shown in a window, lowest first.
@@ -79,10 +75,6 @@ Interface& Interface::shared() {
     return *interface;
 }
 
-bool Interface::deviceAllows(UIInterfaceOrientation orientation) {
-    return settings().device.isTablet() || orientation == UIInterfaceOrientation::Portrait;
-}
-
 CGRect Interface::screen() { return {{}, uprightSize()}; }
 
 int Interface::quarters() const { return quartersOf(_orientation); }
@@ -118,7 +110,9 @@ void Interface::deviceTurned() {
     if (shown.empty() || to == _orientation) {
         return;
     }
-    if (shown.back().send<"shouldAutorotate", bool>() && allows(shown.back(), to)) {
+    // The lowest of what is seen fills the screen; what lies over it without filling the screen is not asked.
+    const OrientationAnswer answer = orientationAnswer(shown.front());
+    if (answer.turns && answer.allowed.has(to)) {
         turn(to);
     }
 }
@@ -130,10 +124,12 @@ void Interface::transitionsEnded() {
 }
 
 void Interface::adopt(const UIViewController& controller) {
+    const OrientationAnswer answer = orientationAnswer(controller);
     for (const UIInterfaceOrientation wanted :
-         {heldOrientation(), _orientation, UIInterfaceOrientation::Portrait, UIInterfaceOrientation::LandscapeRight,
-          UIInterfaceOrientation::LandscapeLeft, UIInterfaceOrientation::PortraitUpsideDown}) {
-        if (allows(controller, wanted)) {
+         {answer.turns ? heldOrientation() : _orientation, _orientation, UIInterfaceOrientation::Portrait,
+          UIInterfaceOrientation::LandscapeRight, UIInterfaceOrientation::LandscapeLeft,
+          UIInterfaceOrientation::PortraitUpsideDown}) {
+        if (answer.allowed.has(wanted)) {
             if (wanted != _orientation) {
                 Keyboard::shared().interfaceWillTurn();
                 _orientation = wanted;

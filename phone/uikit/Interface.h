@@ -8,15 +8,13 @@ namespace phone {
 
 /// One per process. Windows, screen and keyboard keep the coordinates of the device held upright; what
 /// turns is the root view of each window and of each controller presented there, by a transform of whole
-/// quarters. A phone's interface always stands upright.
+/// quarters. Which orientations it takes: see Orientations.
 class Interface {
 public:
     /// How long a quarter of a turn takes, in seconds.
     static constexpr double quarterSeconds = 0.4;
 
     static Interface& shared();
-    /// Whether an application of this device runs in this orientation at all.
-    static bool deviceAllows(UIInterfaceOrientation orientation);
 
     /// The whole screen, held upright.
     static CGRect screen();
@@ -34,9 +32,9 @@ public:
 
     /// The view fills the window, as the interface stands.
     void fill(const UIView& view, const UIWindow& window) const;
-    /// The person has turned the device. Asks the controller in front; where it allows the new orientation
-    /// the interface turns, and whoever is shown is told in the platform's order. While a transition is
-    /// under way that waits for its end.
+    /// The person has turned the device. Asks the controller in front, not its children; where it allows the new
+    /// orientation the interface turns, and whoever is shown is told in the platform's order, children too. While a
+    /// transition is under way that waits for its end.
     void deviceTurned();
     /// A controller is about to fill the screen: the interface stands as it allows, as the device is held if
     /// it can be. Nobody is told; who shows the controller puts it in its place.

@@ -61,7 +61,7 @@ void KeyboardKeyView::define(objc::ClassTable<KeyboardKeyView>& c) {
         .overrides<"beginTrackingWithTouch:withEvent:", &KeyboardKeyView::beginTracking>()
         .overrides<"cancelTrackingWithEvent:", &KeyboardKeyView::cancelTracking>()
         .overrides<"_stateChanged", &KeyboardKeyView::stateChanged>()
-        .overrides<"drawRect:", &KeyboardKeyView::drawRect>();
+        .overrides<"_drawContent:", &KeyboardKeyView::drawContent>();
 }
 
 KeyboardKeyView::~KeyboardKeyView() { stopHolding(); }
@@ -149,7 +149,7 @@ bool KeyboardKeyView::isLight() const {
     return (types || shiftOn) != isHighlighted();
 }
 
-void KeyboardKeyView::drawRect(CGRect) {
+void KeyboardKeyView::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (painter == nullptr) {
         return;

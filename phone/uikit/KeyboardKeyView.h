@@ -29,7 +29,7 @@ private:
     void initWithFrame(CGRect frame);
     bool beginTracking(const UITouch& touch, const UIEvent& event);
     void cancelTracking(const UIEvent& event);
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
     void stateChanged();
     void stopHolding();
     void refreshTitle();

@@ -42,7 +42,8 @@ void Label::define(objc::ClassTable<Label>& c) {
         .def<"numberOfLines", &Label::numberOfLines>()
         .def<"setNumberOfLines:", &Label::setNumberOfLines>()
         .overrides<"sizeThatFits:", &Label::sizeThatFits>()
-        .overrides<"drawRect:", &Label::drawRect>();
+        .overrides<"drawRect:", &Label::drawRect>()
+        .overrides<"_drawContent:", &Label::drawRect>();
 }
 
 void Label::initWithFrame(CGRect frame) {

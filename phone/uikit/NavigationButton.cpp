@@ -28,7 +28,7 @@ void NavigationButton::define(objc::ClassTable<NavigationButton>& c) {
         .overrides<"pointInside:withEvent:", &NavigationButton::pointInside>()
         .overrides<"layoutSubviews", &NavigationButton::layoutSubviews>()
         .overrides<"tintColorDidChange", &NavigationButton::tintColorDidChange>()
-        .overrides<"drawRect:", &NavigationButton::drawRect>()
+        .overrides<"_drawContent:", &NavigationButton::drawContent>()
         .overrides<"sizeThatFits:", &NavigationButton::sizeThatFits>();
 }
 
@@ -108,7 +108,7 @@ void NavigationButton::layoutSubviews() {
     }
 }
 
-void NavigationButton::drawRect(CGRect) {
+void NavigationButton::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (!_leadsBack || painter == nullptr) {
         return;

@@ -25,7 +25,7 @@ private:
     bool pointInside(CGPoint point, const UIEvent& event);
     void layoutSubviews();
     void tintColorDidChange();
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
     CGSize sizeThatFits(CGSize size);
     void setTitleColors();
 

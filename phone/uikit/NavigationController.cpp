@@ -50,7 +50,6 @@ void NavigationController::define(objc::ClassTable<NavigationController>& c) {
         .def<"popToRootViewControllerAnimated:", &NavigationController::popToRoot>()
         .def<"popToViewController:animated:", &NavigationController::popTo>()
         .overrides<"_appearingChildren", &NavigationController::appearingChildren>()
-        .overrides<"shouldAutorotateToInterfaceOrientation:", &NavigationController::shouldAutorotateTo>()
         .overrides<"endAppearanceTransition", &NavigationController::endAppearanceTransition>()
         .def<"_startDeferredTransitionIfNeeded", &NavigationController::startDeferredTransitionIfNeeded>()
         .def<"_layOutContainer", &NavigationController::layOut>()
@@ -275,12 +274,6 @@ NSArray NavigationController::appearingChildren() {
         showWithoutTransition();
     }
     return _shown ? NSArray::of(_shown) : NSArray::of();
-}
-
-bool NavigationController::shouldAutorotateTo(UIInterfaceOrientation orientation) const {
-    const UIViewController top = topViewController();
-    return top ? top.send<"shouldAutorotateToInterfaceOrientation:", bool>(orientation)
-               : super<"shouldAutorotateToInterfaceOrientation:", bool>(orientation);
 }
 
 void NavigationController::endAppearanceTransition() {

@@ -46,7 +46,6 @@ private:
     NSArray appearingChildren();
     void endAppearanceTransition();
     /// As the top of the stack answers.
-    bool shouldAutorotateTo(UIInterfaceOrientation orientation) const;
     /// What is presented, or else the top.
     UIViewController visibleViewController() const;
 

@@ -55,7 +55,7 @@ long rowSeenAt(double below) {
 
 void PickerWheel::define(objc::ClassTable<PickerWheel>& c) {
     c.init<"initWithFrame:", &PickerWheel::initWithFrame>()
-        .overrides<"drawRect:", &PickerWheel::drawRect>()
+        .overrides<"_drawContent:", &PickerWheel::drawContent>()
         .overrides<"touchesBegan:withEvent:", &PickerWheel::ignoreTouches>()
         .overrides<"touchesMoved:withEvent:", &PickerWheel::ignoreTouches>()
         .overrides<"touchesEnded:withEvent:", &PickerWheel::ignoreTouches>()
@@ -163,7 +163,7 @@ void PickerWheel::arrived() {
 
 // Drawing
 
-void PickerWheel::drawRect(CGRect visible) {
+void PickerWheel::drawContent(CGRect visible) {
     Painter* painter = Painter::current();
     if (painter == nullptr || !_rows.title) {
         return;

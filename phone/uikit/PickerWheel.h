@@ -40,7 +40,7 @@ public:
 
 private:
     void initWithFrame(CGRect frame);
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
     void tapped(const objc::Object& recognizer);
     void willBeginDragging(const UIScrollView& scroll);
     void didEndDragging(const UIScrollView& scroll, bool decelerates);

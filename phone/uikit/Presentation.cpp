@@ -219,7 +219,7 @@ void dismiss(const UIViewController& sender, bool animated, const objc::Block<vo
     }
     start();
     if (!coming.empty()) {
-        Interface::shared().adopt(coming.back());
+        Interface::shared().adopt(coming.front());
     }
     for (const UIViewController& controller : coming) {
         Interface::shared().fill(controller.view(), window);

@@ -19,7 +19,9 @@ constexpr CGFloat headerTitleSize = 17;
 
 UIColor separatorColor() { return uiColor({200 / 255.0, 199 / 255.0, 204 / 255.0, 1}); }
 
-void TableCellMark::define(objc::ClassTable<TableCellMark>& c) { c.overrides<"drawRect:", &TableCellMark::drawRect>(); }
+void TableCellMark::define(objc::ClassTable<TableCellMark>& c) {
+    c.overrides<"_drawContent:", &TableCellMark::drawContent>();
+}
 
 UIView TableCellMark::make(UITableViewCellAccessoryType type) {
     if (type == UITableViewCellAccessoryType::None) {
@@ -33,7 +35,7 @@ UIView TableCellMark::make(UITableViewCellAccessoryType type) {
     return view;
 }
 
-void TableCellMark::drawRect(CGRect) {
+void TableCellMark::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (painter == nullptr) {
         return;

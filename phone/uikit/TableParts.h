@@ -50,7 +50,7 @@ public:
     static UIView make(UITableViewCellAccessoryType type);
 
 private:
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
 
     UITableViewCellAccessoryType _type = UITableViewCellAccessoryType::None;
 };

@@ -46,7 +46,7 @@ void TableView::define(objc::ClassTable<TableView>& c) {
         .overrides<"touchesCancelled:withEvent:", &TableView::touchesCancelled>()
         .overrides<"setBounds:", &TableView::setBounds>()
         .overrides<"layoutSubviews", &TableView::layoutSubviews>()
-        .overrides<"drawRect:", &TableView::drawRect>();
+        .overrides<"_drawContent:", &TableView::drawContent>();
 }
 
 void TableView::initWithFrame(CGRect frame) { initWithFrameStyle(frame, UITableViewStyle::Plain); }
@@ -291,7 +291,7 @@ void TableView::recycle(const UITableViewCell& cell) {
 }
 
 /// The lines of the rows that a plain table has room for beyond its last one.
-void TableView::drawRect(CGRect) {
+void TableView::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (painter == nullptr || _style != UITableViewStyle::Plain || _footer || _rowHeight <= 0) {
         return;

@@ -63,7 +63,7 @@ private:
 
     void setBounds(CGRect bounds);
     void layoutSubviews();
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
 
     void forgetRows();
     /// Reads counts and heights where that is due.

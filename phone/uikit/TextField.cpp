@@ -53,7 +53,7 @@ void TextField::define(objc::ClassTable<TextField>& c) {
         .overrides<"_didResignFirstResponder", &TextField::didResign>()
         .overrides<"touchesEnded:withEvent:", &TextField::touchesEnded>()
         .overrides<"layoutSubviews", &TextField::layoutSubviews>()
-        .overrides<"drawRect:", &TextField::drawRect>();
+        .overrides<"_drawContent:", &TextField::drawContent>();
 }
 
 void TextField::initWithFrame(CGRect frame) {
@@ -207,7 +207,7 @@ void TextField::layoutSubviews() {
     textMoved();
 }
 
-void TextField::drawRect(CGRect) {
+void TextField::drawContent(CGRect) {
     Painter* painter = Painter::current();
     const bool empty = _editing.isEmpty();
     if (painter == nullptr || (empty && !_placeholder)) {

@@ -55,7 +55,7 @@ private:
     void didResign();
     void touchesEnded(const NSSet& touches, const UIEvent& event);
     void layoutSubviews();
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
 
     bool mayChange(NSRange range, const NSString& replacement) override;
     void textChanged() override;

@@ -62,7 +62,7 @@ void TextView::define(objc::ClassTable<TextView>& c) {
         .overrides<"setBounds:", &TextView::setBounds>()
         .overrides<"layoutSubviews", &TextView::layoutSubviews>()
         .overrides<"sizeThatFits:", &TextView::sizeThatFits>()
-        .overrides<"drawRect:", &TextView::drawRect>();
+        .overrides<"_drawContent:", &TextView::drawContent>();
 }
 
 void TextView::initWithFrame(CGRect frame) {
@@ -234,7 +234,7 @@ void TextView::scrollRangeToVisible(NSRange range) {
     showRect(caretRect(range.location));
 }
 
-void TextView::drawRect(CGRect) {
+void TextView::drawContent(CGRect) {
     Painter* painter = Painter::current();
     if (painter == nullptr) {
         return;

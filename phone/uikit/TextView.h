@@ -64,7 +64,7 @@ private:
     void setBounds(CGRect bounds);
     void layoutSubviews();
     CGSize sizeThatFits(CGSize size);
-    void drawRect(CGRect rect);
+    void drawContent(CGRect rect);
 
     bool mayChange(NSRange range, const NSString& replacement) override;
     void textChanged() override;

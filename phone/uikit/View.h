@@ -1,12 +1,14 @@
 /// One rectangle on the screen: its place, its children, how it looks, and whether it takes touches.
 #pragma once
 
+#include "phone/uikit/KeptDrawing.h"
 #include "phone/uikit/Placement.h"
 #include "phone/uikit/Responder.h"
 #include "platform/uikit/UIGestureRecognizer.h"
 #include "platform/uikit/UIWindow.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace phone {
@@ -20,8 +22,8 @@ struct Presentation {
     double quarters = 0; // by which it is turned, clockwise
 };
 
-/// UIView. Frame, bounds and centre are kept as they are given, fractions included. The only transforms are
-/// whole quarters of a turn, for who fills a window with a view.
+/// UIView. Frame, bounds and centre are kept as they are given, fractions included; what is no number raises
+/// CALayerInvalidGeometry. The only transforms are whole quarters of a turn, for who fills a window with a view.
 class View : public objc::Implements<View, UIView, UIResponder> {
 public:
     static void define(objc::ClassTable<View>& c);
@@ -78,6 +80,11 @@ public:
     void setClipsToBounds(bool clips);
     Presentation presentation() const;
 
+    // Drawing.
+    void setNeedsDisplay();
+    /// Has this view and everything in it that is not hidden draw, where that is due.
+    void displayTree();
+
     // Touches.
     UIView hitTest(CGPoint point, const UIEvent& event);
     bool pointInside(CGPoint point, const UIEvent& event) const;
@@ -105,9 +112,12 @@ public:
 private:
     friend class Window;
 
+    void initGeometry(CGRect frame);
     CGSize across(CGSize size) const;
     void noticeResize(CGSize before);
     void autoresize(CGSize before, CGSize now);
+    /// Onto the current painter, with the bounds as they look now.
+    void drawContent(CGRect bounds);
     void place(const UIView& view, std::size_t index);
     void detach();
     void willMoveToWindow(const UIWindow& window);
@@ -139,6 +149,7 @@ private:
     bool _needsLayout = true;
     objc::Int _tag = 0;
     UIViewContentMode _contentMode = UIViewContentMode::ScaleToFill;
+    std::unique_ptr<KeptDrawing> _drawing; // null where the class has no drawRect: of its own
     UIViewAutoresizing _autoresizingMask = UIViewAutoresizingNone;
     NSString _accessibilityIdentifier;
     NSString _accessibilityLabel;

@@ -3,6 +3,7 @@
 #include "phone/device/Log.h"
 #include "phone/device/Settings.h"
 #include "phone/foundation/Arrays.h"
+#include "phone/uikit/Orientations.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/View.h"
 #include "platform/uikit/UIScreen.h"
@@ -10,13 +11,6 @@
 #include <algorithm>
 
 namespace phone {
-
-namespace {
-
-/// Of `UIInterfaceOrientationMask`.
-constexpr objc::UInt bit(UIInterfaceOrientation orientation) { return 1u << static_cast<objc::UInt>(orientation); }
-
-} // namespace
 
 void ViewController::define(objc::ClassTable<ViewController>& c) {
     c.init<"init", &ViewController::init>()
@@ -303,21 +297,12 @@ void ViewController::viewDidMoveToWindow(const UIWindow&) {
 
 // Orientation
 
+/// Nobody asks this class, but a subclass may ask its super.
 bool ViewController::shouldAutorotateToInterfaceOrientation(UIInterfaceOrientation orientation) const {
     return orientation == UIInterfaceOrientation::Portrait;
 }
 
-/// Those that the older question allows, so that the two never disagree.
-objc::UInt ViewController::supportedInterfaceOrientations() const {
-    objc::UInt supported = 0;
-    for (const auto orientation : {UIInterfaceOrientation::Portrait, UIInterfaceOrientation::PortraitUpsideDown,
-                                   UIInterfaceOrientation::LandscapeRight, UIInterfaceOrientation::LandscapeLeft}) {
-        if (send<"shouldAutorotateToInterfaceOrientation:", bool>(orientation)) {
-            supported |= bit(orientation);
-        }
-    }
-    return supported;
-}
+objc::UInt ViewController::supportedInterfaceOrientations() const { return orientationsByDefault().bits(); }
 
 UIInterfaceOrientation ViewController::interfaceOrientation() const {
     return UIApplication::shared().statusBarOrientation();

@@ -37,7 +37,21 @@ enum UIViewAutoresizing : objc::UInt {
 };
 
 /// `UIViewContentMode`
-enum class UIViewContentMode : objc::Int { ScaleToFill = 0, ScaleAspectFit = 1, ScaleAspectFill = 2, Center = 4 };
+enum class UIViewContentMode : objc::Int {
+    ScaleToFill = 0,
+    ScaleAspectFit = 1,
+    ScaleAspectFill = 2,
+    Redraw = 3,
+    Center = 4,
+    Top = 5,
+    Bottom = 6,
+    Left = 7,
+    Right = 8,
+    TopLeft = 9,
+    TopRight = 10,
+    BottomLeft = 11,
+    BottomRight = 12,
+};
 
 /// `UIUserInterfaceStyle`
 enum class UIUserInterfaceStyle : objc::Int { Unspecified = 0, Light = 1, Dark = 2 };

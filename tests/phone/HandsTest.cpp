@@ -9,18 +9,6 @@
 
 namespace {
 
-/// Turns with the device.
-class Turning : public objc::Defines<Turning, UIViewController> {
-public:
-    static constexpr auto objc_name = "Turning";
-    static void define(objc::ClassTable<Turning>& c) {
-        c.overrides<"shouldAutorotateToInterfaceOrientation:", &Turning::shouldAutorotateTo>();
-    }
-
-private:
-    bool shouldAutorotateTo(UIInterfaceOrientation) const { return true; }
-};
-
 /// Counts how often somebody looks at the screen.
 class WatchedScreen : public phone::Screen {
 public:
@@ -202,7 +190,7 @@ TEST_F(Hands, PickOnATabletHeldAnyWay) {
 TEST_F(Hands, PickInContentThatTurnsWithTheTablet) {
     useDevice("ipad");
     screen();
-    const UIViewController root = objc::as<UIViewController>(objc::Ref<Turning>::make());
+    const UIViewController root = objc::make<UIViewController>();
     screen().setRootViewController(root);
     root.view().addSubview(UIDatePicker::withFrame({239, 300, 290, 216}));
     for (const char* held : {"LANDSCAPE_LEFT", "UPSIDE_DOWN", "LANDSCAPE_RIGHT", "PORTRAIT"}) {

@@ -2,6 +2,7 @@
 
 #include "phone/coregraphics/Painter.h"
 #include "phone/foundation/Text.h"
+#include "phone/uikit/ContentMode.h"
 #include "phone/uikit/Register.h"
 #include "platform/objc/Pool.h"
 
@@ -33,7 +34,7 @@ protected:
     static std::unique_ptr<Canvas> drawn(const UIView& view) {
         auto canvas = Canvas::make(100, 100, 1);
         CurrentPainter drawing(canvas->painter());
-        view.send<"drawRect:">(view.bounds());
+        view.send<"_drawContent:">(view.bounds());
         return canvas;
     }
 

@@ -8,6 +8,7 @@
 #include "platform/uikit/UIScreen.h"
 #include "tests/phone/EditingRecorder.h"
 #include "tests/phone/PhoneTest.h"
+#include "tests/phone/Raised.h"
 
 #include <sstream>
 
@@ -21,7 +22,8 @@ Lines& written() {
 }
 Lines take() { return std::exchange(written(), {}); }
 
-/// Writes down what it is told of rotations, with its bounds and its orientation at that moment.
+/// Writes down what it is told of rotations, with its bounds and its orientation at that moment. Of the questions it
+/// answers the older one alone.
 class Turner : public objc::Defines<Turner, UIViewController> {
 public:
     static constexpr auto objc_name = "Turner";
@@ -57,6 +59,37 @@ private:
     std::string _allowed;
 };
 
+/// Answers the newer questions, and the older one to the contrary.
+class ModernTurner : public objc::Defines<ModernTurner, UIViewController> {
+public:
+    static constexpr auto objc_name = "ModernTurner";
+    static void define(objc::ClassTable<ModernTurner>& c) {
+        c.overrides<"shouldAutorotate", &ModernTurner::shouldAutorotate>()
+            .overrides<"supportedInterfaceOrientations", &ModernTurner::supported>()
+            .overrides<"shouldAutorotateToInterfaceOrientation:", &ModernTurner::shouldAutorotateTo>();
+    }
+    static UIViewController with(bool turns, objc::UInt supported) {
+        const auto turner = objc::Ref<ModernTurner>::make();
+        turner->_turns = turns;
+        turner->_supported = supported;
+        return objc::as<UIViewController>(turner);
+    }
+
+private:
+    bool shouldAutorotate() const { return _turns; }
+    objc::UInt supported() const { return _supported; }
+    bool shouldAutorotateTo(UIInterfaceOrientation to) const { return (_supported >> static_cast<int>(to) & 1) == 0; }
+
+    bool _turns = true;
+    objc::UInt _supported = 0;
+};
+
+constexpr objc::UInt portraitMask = 2;
+constexpr objc::UInt landscapeRightMask = 8;
+constexpr objc::UInt landscapeMask = 8 | 16;
+constexpr objc::UInt allButUpsideDownMask = 2 | 8 | 16;
+constexpr objc::UInt allMask = 2 | 4 | 8 | 16;
+
 class Rotation : public PhoneTest {
 protected:
     Rotation() {
@@ -76,6 +109,10 @@ protected:
     void turn(const std::string& orientation) {
         boot().setOrientation(orientation);
         settle();
+    }
+    /// Of a controller that says nothing.
+    static objc::UInt defaultMask() {
+        return objc::make<UIViewController>().send<"supportedInterfaceOrientations", objc::UInt>();
     }
     static UIInterfaceOrientation orientation() { return UIApplication::shared().statusBarOrientation(); }
 
@@ -148,6 +185,7 @@ TEST_F(Rotation, LeavesScreenWindowsAndStatusBarFrameUpright) {
 
     turn("LANDSCAPE_LEFT");
 
+    ASSERT_EQ(screen.rootViewController().view().bounds(), CGRect(0, 0, 1024, 768));
     EXPECT_EQ(UIScreen::main().bounds(), CGRect(0, 0, 768, 1024));
     EXPECT_EQ(screen.frame(), CGRect(0, 0, 768, 1024));
     EXPECT_EQ(UIApplication::shared().statusBarFrame(), CGRect(748, 0, 20, 1024));
@@ -194,7 +232,7 @@ TEST_F(Rotation, SendsAShownKeyboardAwayAndBringsItAtTheNewEdge) {
     EXPECT_EQ(attribute(findClass("UIKeyboardView"), "screen"), "0 416 1024 352");
     EXPECT_TRUE(field.isFirstResponder());
     tapOn("H");
-    EXPECT_EQ(phone::text(field.text()), "h");
+    EXPECT_EQ(phone::text(field.text()), "H");
 }
 
 TEST_F(Rotation, TurnsTheRootViewByATransform) {
@@ -257,31 +295,106 @@ TEST_F(Rotation, TurnsOnlyWhereTheControllerInFrontAllowsIt) {
     EXPECT_EQ(orientation(), UIInterfaceOrientation::LandscapeRight);
 }
 
-// Holds: portrait-unless-overridden
-TEST_F(Rotation, StaysUprightUnderAControllerThatSaysNothing) {
+TEST_F(Rotation, TurnsUnderAControllerThatSaysNothing) {
     boot();
     show(objc::make<UIViewController>());
 
     turn("LANDSCAPE_LEFT");
 
+    EXPECT_EQ(orientation(), UIInterfaceOrientation::LandscapeRight);
+}
+
+// Holds: orientations-by-default
+TEST_F(Rotation, IsTakenInEveryDirectionByAControllerThatSaysNothingOnATablet) {
+    boot();
+
+    EXPECT_EQ(defaultMask(), allMask);
+}
+
+// Holds: orientations-by-default
+TEST_F(Rotation, IsTakenInEveryDirectionButUpsideDownByAControllerThatSaysNothingOnAPhone) {
+    useDevice("iphone5");
+    boot();
+
+    EXPECT_EQ(defaultMask(), allButUpsideDownMask);
+}
+
+// Holds: older-rotation-question
+TEST_F(Rotation, LeavesTheOlderQuestionOutWhereTheNewerOnesAreAnswered) {
+    boot();
+    show(ModernTurner::with(true, portraitMask | landscapeRightMask));
+
+    turn("LANDSCAPE_RIGHT");
+    EXPECT_EQ(orientation(), UIInterfaceOrientation::Portrait);
+    turn("LANDSCAPE_LEFT");
+
+    EXPECT_EQ(orientation(), UIInterfaceOrientation::LandscapeRight);
+}
+
+// Holds: front-decides-rotation
+TEST_F(Rotation, DoesNotFollowTheDeviceUnderAControllerThatDoesNotAutorotate) {
+    boot();
+    show(ModernTurner::with(false, allMask));
+
+    turn("LANDSCAPE_LEFT");
+
     EXPECT_EQ(orientation(), UIInterfaceOrientation::Portrait);
 }
 
-TEST_F(Rotation, AsksTheTopOfANavigationController) {
-    const auto navigation = UINavigationController::withRoot(turner("root"));
-    show(navigation);
-    run([&] { navigation.push(turner("top", "1"), true); });
+TEST_F(Rotation, BringsAControllerThatDoesNotAutorotateUpAsTheInterfaceStands) {
+    boot();
+    const auto below = ModernTurner::with(true, portraitMask);
+    show(below);
+    turn("LANDSCAPE_LEFT");
+
+    run([&] { below.present(ModernTurner::with(false, allMask), true, nullptr); });
     settle();
 
-    turn("LANDSCAPE_LEFT");
     EXPECT_EQ(orientation(), UIInterfaceOrientation::Portrait);
-    run([&] { navigation.popToRoot(true); });
+}
+
+// Holds: orientations-intersect
+TEST_F(Rotation, RaisesWhereControllerAndApplicationHaveNoOrientationInCommon) {
+    useDevice("iphone5");
+    boot();
+
+    const auto exception = raised([&] { show(ModernTurner::with(true, landscapeMask)); });
+
+    EXPECT_EQ(exception.name, "UIApplicationInvalidInterfaceOrientation");
+    EXPECT_EQ(exception.reason, "Supported orientations has no common orientation with the application, and "
+                                "shouldAutorotate is returning YES");
+}
+
+// Holds: front-decides-rotation
+TEST_F(Rotation, DoesNotAskTheScreensOfANavigationController) {
+    const auto navigation = UINavigationController::withRoot(turner("root", "1"));
+    show(navigation);
+
+    turn("LANDSCAPE_LEFT");
+    EXPECT_EQ(orientation(), UIInterfaceOrientation::LandscapeRight);
+    run([&] { navigation.push(ModernTurner::with(true, portraitMask), true); });
     settle();
+    EXPECT_EQ(orientation(), UIInterfaceOrientation::LandscapeRight);
     turn("LANDSCAPE_RIGHT");
 
     EXPECT_EQ(orientation(), UIInterfaceOrientation::LandscapeLeft);
 }
 
+// Holds: front-decides-rotation
+TEST_F(Rotation, DoesNotAskWhatLiesOverTheScreenWithoutFillingIt) {
+    const auto below = turner("below");
+    const auto above = turner("above", "1");
+    above.send<"setModalPresentationStyle:">(objc::Int(4)); // custom
+    show(below);
+    run([&] { below.present(above, true, nullptr); });
+    settle();
+
+    turn("LANDSCAPE_LEFT");
+
+    EXPECT_EQ(orientation(), UIInterfaceOrientation::LandscapeRight);
+}
+
+// Holds: rotation-tells-children
 TEST_F(Rotation, TellsTheTopOfANavigationControllerAlone) {
     const auto navigation = UINavigationController::withRoot(turner("root"));
     show(navigation);
@@ -365,6 +478,7 @@ TEST_F(Rotation, TellsNothingToAControllerWhoseViewWasMerelyAdded) {
     EXPECT_EQ(stranger.view().bounds(), CGRect(0, 0, 768, 1024));
 }
 
+// Holds: orientations-intersect
 TEST_F(Rotation, NeverTurnsAPhone) {
     useDevice("iphone5");
     show(turner("a"));
@@ -383,13 +497,6 @@ TEST_F(Rotation, NeverTurnsADeviceOfAnotherKind) {
     turn("LANDSCAPE_LEFT");
 
     EXPECT_EQ(orientation(), UIInterfaceOrientation::Portrait);
-}
-
-TEST_F(Rotation, AnswersTheNewerQuestionAsTheOlderOne) {
-    boot();
-
-    EXPECT_EQ((turner("a", "13").send<"supportedInterfaceOrientations", objc::UInt>()), 2U | 8U);
-    EXPECT_EQ((turner("a").send<"supportedInterfaceOrientations", objc::UInt>()), 2U | 4U | 8U | 16U);
 }
 
 } // namespace

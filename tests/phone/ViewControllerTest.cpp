@@ -103,20 +103,6 @@ TEST_F(ViewController, TellsAChildThatItsViewContains) {
     EXPECT_EQ(child.parentViewController(), parent);
 }
 
-// Holds: portrait-unless-overridden
-TEST_F(ViewController, KeepsToThePortraitUnlessASubclassSaysOtherwise) {
-    boot();
-    const auto controller = Probe::with("a");
-
-    auto rotates = [&](UIInterfaceOrientation to) {
-        return controller.send<"shouldAutorotateToInterfaceOrientation:", bool>(to);
-    };
-
-    EXPECT_TRUE(rotates(UIInterfaceOrientation::Portrait));
-    EXPECT_FALSE(rotates(UIInterfaceOrientation::LandscapeLeft));
-    EXPECT_FALSE(rotates(UIInterfaceOrientation::PortraitUpsideDown));
-}
-
 TEST_F(ViewController, GivesItsViewUpWhenItGoes) {
     boot();
     UIView view;

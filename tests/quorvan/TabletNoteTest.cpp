@@ -382,8 +382,8 @@ TEST_F(OtherNote, IsAPhonesNoteOnATabletThatCannotSayWhatItIs) {
     EXPECT_EQ(panelFrame(), "239 399.5 290 225");
     turn("LANDSCAPE_LEFT");
 
-    EXPECT_EQ(panelFrame(), "239 399.5 290 225");
-    EXPECT_EQ(UIApplication::shared().statusBarOrientation(), UIInterfaceOrientation::Portrait);
+    EXPECT_EQ(UIApplication::shared().statusBarOrientation(), UIInterfaceOrientation::LandscapeRight);
+    EXPECT_EQ(panelFrame(), "239 399.5 290 225"); // it turns with the screen around it, and is not built anew
 }
 
 TEST_F(OtherNote, StaysUprightOnAPhoneThatIsTurned) {
