@@ -84,7 +84,7 @@ TEST_F(Popover, HangsBelowItsAnchorWithAnArrowThatPointsAtTheMiddle) {
     openAt({300, 100, 100, 50});
 
     EXPECT_EQ(arrowFrame(), "337 150 26 13");
-    EXPECT_EQ(bubbleFrame(), "166 163 368 260");
+    EXPECT_EQ(bubbleFrame(), "166 163 368 240");
     EXPECT_EQ(popover().arrowDirection(), UIPopoverArrowDirectionUp);
     EXPECT_TRUE(isVisible("Copy"));
     EXPECT_FALSE(find("Cancel"));
@@ -93,14 +93,14 @@ TEST_F(Popover, HangsBelowItsAnchorWithAnArrowThatPointsAtTheMiddle) {
 TEST_F(Popover, StaysOnTheScreenWhereItsAnchorIsAtTheEdge) {
     openAt({0, 22, 60, 60});
 
-    EXPECT_EQ(bubbleFrame(), "10 95 368 260");
+    EXPECT_EQ(bubbleFrame(), "10 95 368 240");
     EXPECT_EQ(arrowFrame(), "23 82 26 13"); // no nearer to the rounded corner
 }
 
 TEST_F(Popover, HangsAboveAnAnchorThatHasNoRoomBelow) {
     openAt({300, 900, 100, 50});
 
-    EXPECT_EQ(bubbleFrame(), "166 627 368 260");
+    EXPECT_EQ(bubbleFrame(), "166 647 368 240");
     EXPECT_EQ(arrowFrame(), "337 887 26 13");
     EXPECT_EQ(popover().arrowDirection(), UIPopoverArrowDirectionDown);
 }
@@ -109,7 +109,7 @@ TEST_F(Popover, HangsOnTheSideThatIsPermitted) {
     openAt({100, 400, 50, 50}, UIPopoverArrowDirectionLeft);
 
     EXPECT_EQ(arrowFrame(), "150 412 13 26");
-    EXPECT_EQ(bubbleFrame(), "163 295 368 260");
+    EXPECT_EQ(bubbleFrame(), "163 305 368 240");
 }
 
 TEST_F(Popover, HangsFromABarItem) {

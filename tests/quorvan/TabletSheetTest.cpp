@@ -42,7 +42,7 @@ TEST_P(TabletSheet, HangsFromTheTapArea) {
     openSheet();
 
     EXPECT_EQ(arrowFrame(), "147 82 26 13"); // the area ends at 82, and its middle is at 160
-    EXPECT_EQ(bubbleFrame(), "10 95 368 260");
+    EXPECT_EQ(bubbleFrame(), "10 95 368 240");
     EXPECT_TRUE(isVisible("Note"));
 }
 
@@ -53,7 +53,7 @@ TEST_P(TabletSheet, HangsFromTheTapAreaHoweverTheTabletIsTurned) {
     for (const char* orientation : {"LANDSCAPE_LEFT", "UPSIDE_DOWN", "LANDSCAPE_RIGHT", "PORTRAIT"}) {
         turn(orientation);
         EXPECT_EQ(arrowFrame(), "147 82 26 13") << orientation;
-        EXPECT_EQ(bubbleFrame(), "10 95 368 260") << orientation;
+        EXPECT_EQ(bubbleFrame(), "10 95 368 240") << orientation;
     }
 }
 
