@@ -79,6 +79,12 @@ void Animator::close() {
     if (_open.empty()) {
         return;
     }
+    if ((_open.back()->settings.options & UIViewAnimationOptionLayoutSubviews) != 0) {
+        const auto changed = _open.back()->views; // laying out adds to them
+        for (id view : changed) {
+            objc::borrow<UIView>(view).layoutIfNeeded();
+        }
+    }
     _closed.push_back(std::move(_open.back()));
     _open.pop_back();
     if (_open.empty()) {

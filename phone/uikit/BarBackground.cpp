@@ -1,13 +1,14 @@
 #include "phone/uikit/BarBackground.h"
 
 #include "phone/coregraphics/Painter.h"
+#include "phone/uikit/Color.h"
 
 namespace phone {
 
 namespace {
 
 constexpr Color ground{0.973, 0.973, 0.973, 0.9};
-constexpr Color line{0, 0, 0, 0.3};
+constexpr Color lineColor{0, 0, 0, 0.3};
 constexpr double hairline = 0.5;  // points
 constexpr double blurRadius = 10; // points
 
@@ -16,6 +17,16 @@ constexpr double blurRadius = 10; // points
 void BarBackground::initWithFrame(CGRect frame) {
     super<"initWithFrame:">(frame);
     setUserInteractionEnabled(false);
+    _line = UIImageView::withFrame({});
+    _line.setBackgroundColor(uiColor(lineColor));
+    addSubview(_line);
+}
+
+/// The line lies below the bounds, not in them.
+void BarBackground::layoutSubviews() {
+    super<"layoutSubviews">();
+    const CGSize size = bounds().size;
+    _line.setFrame({0, size.height, size.width, hairline});
 }
 
 void BarBackground::drawContent(CGRect) {
@@ -26,7 +37,6 @@ void BarBackground::drawContent(CGRect) {
     const CGRect all = bounds();
     painter->blurBelow(all, blurRadius);
     painter->fill(all, ground);
-    painter->fill({all.origin.x, all.maxY() - hairline, all.size.width, hairline}, line);
 }
 
 } // namespace phone

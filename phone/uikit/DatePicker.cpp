@@ -5,6 +5,9 @@
 #include "phone/uikit/TableParts.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
 #include <limits>
 
 namespace phone {
@@ -12,6 +15,21 @@ namespace phone {
 namespace {
 constexpr CGFloat hairline = 0.5; // points
 constexpr CGFloat disabledAlpha = 0.5;
+
+constexpr std::array<CGFloat, 3> heights = {162, 180, 216};
+
+/// With the nearest of the heights that wheels have on this system; another one is said on standard error.
+CGRect withValidHeight(CGRect frame) {
+    const CGFloat given = frame.size.height;
+    const CGFloat taken = *std::min_element(heights.begin(), heights.end(), [&](CGFloat one, CGFloat other) {
+        return std::abs(one - given) < std::abs(other - given);
+    });
+    if (taken != given) {
+        std::fprintf(stderr, "-[UIPickerView setFrame:]: invalid height value %.1f pinned to %.1f\n", given, taken);
+        frame.size.height = taken;
+    }
+    return frame;
+}
 } // namespace
 
 void DatePicker::define(objc::ClassTable<DatePicker>& c) {
@@ -26,6 +44,8 @@ void DatePicker::define(objc::ClassTable<DatePicker>& c) {
         .get<"maximumDate", &DatePicker::_maximum>()
         .def<"setMaximumDate:", &DatePicker::setMaximumDate>()
         .overrides<"sizeThatFits:", &DatePicker::sizeThatFits>()
+        .overrides<"setFrame:", &DatePicker::setFrame>()
+        .overrides<"setBounds:", &DatePicker::setBounds>()
         .overrides<"layoutSubviews", &DatePicker::layoutSubviews>()
         .overrides<"beginTrackingWithTouch:withEvent:", &DatePicker::beginTracking>()
         .overrides<"_stateChanged", &DatePicker::stateChanged>();
@@ -39,13 +59,17 @@ DatePicker::~DatePicker() {
 
 void DatePicker::initWithFrame(CGRect frame) {
     const bool isEmpty = frame.size.width == 0 && frame.size.height == 0;
-    super<"initWithFrame:">(isEmpty ? CGRect(frame.origin, size) : frame);
+    super<"initWithFrame:">(isEmpty ? CGRect(frame.origin, size) : withValidHeight(frame));
     setClipsToBounds(true);
     _moment = NSDate::now().sinceReferenceDate();
     _content = UIView::withFrame({{}, size});
     addSubview(_content);
     buildWheels();
 }
+
+void DatePicker::setFrame(CGRect frame) { super<"setFrame:">(withValidHeight(frame)); }
+
+void DatePicker::setBounds(CGRect bounds) { super<"setBounds:">(withValidHeight(bounds)); }
 
 void DatePicker::layoutSubviews() {
     super<"layoutSubviews">();

@@ -14,8 +14,8 @@ namespace phone {
 /// past noon turns the wheel for the half of the day along.
 class DatePicker : public objc::Implements<DatePicker, UIDatePicker, UIControl> {
 public:
-    /// What the wheels are laid out for, in points. Another frame is kept as it is given, the wheels in its
-    /// middle, cut off at its edges.
+    /// What the wheels are laid out for, in points. In another frame they stand in the middle, cut off at its edges.
+    /// Its height is 162, 180 or 216 points; any other becomes the nearest of these.
     static constexpr CGSize size{320, 216};
 
     static void define(objc::ClassTable<DatePicker>& c);
@@ -29,6 +29,8 @@ private:
 
     void initWithFrame(CGRect frame);
     CGSize sizeThatFits(CGSize) { return size; }
+    void setFrame(CGRect frame);
+    void setBounds(CGRect bounds);
     void layoutSubviews();
     void stateChanged();
     bool beginTracking(const UITouch&, const UIEvent&) { return false; } // the wheels follow the finger

@@ -4,6 +4,7 @@
 #include "phone/device/Settings.h"
 #include "phone/foundation/Text.h"
 #include "phone/uikit/Animator.h"
+#include "phone/uikit/Autocapitalization.h"
 #include "phone/uikit/Interface.h"
 #include "phone/uikit/KeyboardView.h"
 #include "phone/uikit/Responder.h"
@@ -142,6 +143,7 @@ void Keyboard::show() {
     _shown = true;
     const CGRect end = toldFrame(_shown);
     KeyboardView::of(_keys)->start(input->returnKey());
+    refresh();
     _window.setHidden(false);
     post(UIKeyboardWillShowNotification, begin, end);
     if (!_shown) {
@@ -201,7 +203,21 @@ void Keyboard::refresh() {
     const TextInput* input = textInput(Responder::first());
     if (_shown && input != nullptr) {
         KeyboardView::of(_keys)->setReturnKey(input->returnKey());
+        KeyboardView::of(_keys)->setShifted(capitalIsNext());
+        _before = text(input->textBeforeCaret());
     }
+}
+
+void Keyboard::textMoved() {
+    const TextInput* input = textInput(Responder::first());
+    if (_shown && input != nullptr && text(input->textBeforeCaret()) != _before) {
+        refresh();
+    }
+}
+
+bool Keyboard::capitalIsNext() const {
+    const TextInput* input = textInput(Responder::first());
+    return input != nullptr && phone::capitalIsNext(input->autocapitalization(), text(input->textBeforeCaret()));
 }
 
 void Keyboard::putInPlace() {

@@ -53,8 +53,12 @@ public:
     /// The interface stands differently, after an animation of this many seconds: a keyboard that is shown
     /// comes again at the new edge. Called inside that animation.
     void interfaceTurned(double seconds);
-    /// The first responder's return key may have changed.
+    /// What the first responder wants of its keys may have changed: the return key's words, capitals.
     void refresh();
+    /// The first responder's text or caret may have moved: shift follows where what stands before the caret is new.
+    void textMoved();
+    /// Whether the first responder's next letter is to be a capital.
+    bool capitalIsNext() const;
 
 private:
     void build();
@@ -70,6 +74,7 @@ private:
     bool _shown = false;
     UIWindow _window; // nil until the keyboard is first shown
     UIView _keys;
+    std::string _before;           // what stood before the caret when shift was last set by itself
     RunLoop::TimerId _arrival = 0; // 0 while nothing slides
 };
 

@@ -89,7 +89,7 @@ void KeyboardView::keyTouched(const objc::Object& sender) {
     switch (key.kind) {
     case Kind::Character:
         typeCharacter(character);
-        setShifted(false);
+        setShifted(Keyboard::shared().capitalIsNext());
         break;
     case Kind::Space:
         typeCharacter(character);
@@ -99,7 +99,7 @@ void KeyboardView::keyTouched(const objc::Object& sender) {
         setShifted(!_shifted);
         break;
     case Kind::Plane:
-        setShifted(false);
+        setShifted(Keyboard::shared().capitalIsNext());
         showPlane(key.plane);
         break;
     case Kind::Backspace:

@@ -20,7 +20,7 @@ private:
     UIView hitTest(CGPoint point, const UIEvent& event);
 };
 
-/// All keys of one plane. There is no automatic shift and no correction.
+/// All keys of one plane. A letter typed releases shift, unless another capital is to come; nothing is corrected.
 class KeyboardView : public objc::Defines<KeyboardView, UIView> {
 public:
     static constexpr auto objc_name = "UIKeyboardView";
@@ -30,13 +30,13 @@ public:
     void start(UIReturnKeyType returnKey);
     /// Changes the return key alone.
     void setReturnKey(UIReturnKeyType returnKey);
+    void setShifted(bool shifted);
 
 private:
     void initWithFrame(CGRect frame);
     void layoutSubviews();
     void keyTouched(const objc::Object& sender);
     void showPlane(KeyboardPlane plane);
-    void setShifted(bool shifted);
     void build();
 
     KeyboardPlane _plane = KeyboardPlane::Letters;

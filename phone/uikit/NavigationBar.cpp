@@ -18,6 +18,13 @@ namespace {
 constexpr double titleSize = 17;
 constexpr double titleGap = 6; // points between the title and a button
 
+/// Whether the bar has made it, for an item without a view of its own.
+bool isOwnButton(const UIView& part) { return objc::isKind<UIButton>(part) && NavigationButton::of(part) != nullptr; }
+
+double marginBeside(const UIView& part) {
+    return isOwnButton(part) ? NavigationBar::margin : NavigationBar::customMargin;
+}
+
 } // namespace
 
 void NavigationBar::define(objc::ClassTable<NavigationBar>& c) {
@@ -168,23 +175,24 @@ void NavigationBar::layoutSubviews() {
     const CGSize size = bounds().size;
     _background.setFrame({0, -_overhang, size.width, size.height + _overhang});
 
-    double left = margin;
-    double right = size.width - margin;
     auto place = [&](const UIView& part, double x) {
         const CGSize own = part.bounds().size;
         part.setFrame({{x, (size.height - own.height) / 2}, own});
     };
     for (const UIView& part : {_left, _right}) {
-        if (objc::isKind<UIButton>(part) && NavigationButton::of(part) != nullptr) {
+        if (isOwnButton(part)) {
             part.sizeToFit(); // a custom view keeps its own size
         }
     }
+    double left = margin;
+    double right = size.width - margin;
     if (_left) {
+        left = marginBeside(_left);
         place(_left, left);
         left += _left.bounds().size.width + titleGap;
     }
     if (_right) {
-        right -= _right.bounds().size.width;
+        right = size.width - marginBeside(_right) - _right.bounds().size.width;
         place(_right, right);
         right -= titleGap;
     }

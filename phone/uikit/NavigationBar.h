@@ -10,8 +10,9 @@ namespace phone {
 /// UINavigationBar, drawn as in OS 7.
 class NavigationBar : public objc::Implements<NavigationBar, UINavigationBar, UIView> {
 public:
-    static constexpr double height = 44; // points
-    static constexpr double margin = 8;
+    static constexpr double height = 44;       // points
+    static constexpr double margin = 8;        // beside a text and the way back
+    static constexpr double customMargin = 16; // beside an item's own view
 
     static void define(objc::ClassTable<NavigationBar>& c);
     ~NavigationBar();

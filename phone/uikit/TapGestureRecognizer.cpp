@@ -11,7 +11,7 @@ namespace phone {
 namespace {
 
 constexpr double longestTap = 0.75; // seconds
-constexpr double farthestMove = 10; // points
+constexpr double farthestMove = 45; // points
 
 /// The controls whose own taps come before those of a recogniser on a view around them. Other controls,
 /// such as an application's own, do not have this right.

@@ -19,6 +19,8 @@ NSString copied(const NSString& text) { return text ? text.send<"copy", NSString
 
 } // namespace
 
+NSString TextEditing::textBeforeCaret() const { return _text.send<"substringToIndex:", NSString>(_selection.location); }
+
 void TextEditing::setText(const NSString& text) {
     _text = copied(text);
     _selection = {_text.length(), 0};

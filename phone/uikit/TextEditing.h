@@ -27,6 +27,7 @@ public:
     /// Never nil.
     NSString text() const { return _text; }
     bool isEmpty() const { return _text.length() == 0; }
+    NSString textBeforeCaret() const;
     /// A range of length zero is the caret.
     NSRange selection() const { return _selection; }
 

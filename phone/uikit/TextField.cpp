@@ -15,8 +15,8 @@ namespace phone {
 namespace {
 
 constexpr CGFloat defaultTextSize = 17;
-/// A placeholder's grey: 70 per cent of the way to white.
-constexpr Color placeholderColor{0.7, 0.7, 0.7, 1};
+/// About #C7C7CD on white.
+constexpr Color placeholderColor{0, 0, 0.098, 0.22};
 
 /// A field has one line: a line break in it is drawn as a space. Positions stay what they are.
 std::string oneLine(std::string utf8) {
@@ -40,6 +40,8 @@ void TextField::define(objc::ClassTable<TextField>& c) {
         .def<"setTextAlignment:", &TextField::setTextAlignment>()
         .get<"returnKeyType", &TextField::_returnKeyType>()
         .def<"setReturnKeyType:", &TextField::setReturnKeyType>()
+        .get<"autocapitalizationType", &TextField::_autocapitalization>()
+        .def<"setAutocapitalizationType:", &TextField::setAutocapitalizationType>()
         .get<"delegate", &TextField::_delegate>()
         .def<"setDelegate:", &TextField::setDelegate>()
         .def<"isEditing", &TextField::isEditing>()
@@ -80,6 +82,13 @@ void TextField::setTextAlignment(NSTextAlignment alignment) {
 
 void TextField::setReturnKeyType(UIReturnKeyType type) {
     _returnKeyType = type;
+    if (isFirstResponder()) {
+        Keyboard::shared().refresh();
+    }
+}
+
+void TextField::setAutocapitalizationType(UITextAutocapitalizationType kind) {
+    _autocapitalization = kind;
     if (isFirstResponder()) {
         Keyboard::shared().refresh();
     }
@@ -164,6 +173,7 @@ void TextField::textMoved() {
     if (!isFirstResponder()) {
         return;
     }
+    Keyboard::shared().textMoved();
     const auto line = layout(_editing.text(), false);
     const CGFloat room = bounds().size.width - TextLayout::caretWidth;
     const CGFloat caret = line->caret(_editing.selection().end()).origin.x;

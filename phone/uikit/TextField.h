@@ -26,6 +26,8 @@ public:
     void moveCaret(CaretMove move) override { _editing.moveCaret(move); }
     void pressReturn() override;
     UIReturnKeyType returnKey() const override { return _returnKeyType; }
+    UITextAutocapitalizationType autocapitalization() const override { return _autocapitalization; }
+    NSString textBeforeCaret() const override { return _editing.textBeforeCaret(); }
 
 private:
     void initWithFrame(CGRect frame);
@@ -41,6 +43,7 @@ private:
     void setFont(const UIFont& font);
     void setTextAlignment(NSTextAlignment alignment);
     void setReturnKeyType(UIReturnKeyType type);
+    void setAutocapitalizationType(UITextAutocapitalizationType kind);
     objc::Object delegate() { return _delegate.get(); }
     void setDelegate(const objc::Object& delegate) { _delegate = delegate; }
     bool isEditing() { return isFirstResponder(); }
@@ -72,6 +75,7 @@ private:
     UIFont _font;
     NSTextAlignment _alignment = NSTextAlignment::Left;
     UIReturnKeyType _returnKeyType = UIReturnKeyType::Default;
+    UITextAutocapitalizationType _autocapitalization = UITextAutocapitalizationType::Sentences;
     CGFloat _scrolled = 0; // how far a text wider than the field has moved to the left
     objc::Ref<Caret> _caret;
     objc::Unretained<objc::Object> _delegate; // UIKit does not retain a delegate

@@ -23,6 +23,8 @@ public:
     virtual void moveCaret(CaretMove move) = 0;
     virtual void pressReturn() = 0;
     virtual UIReturnKeyType returnKey() const = 0;
+    virtual UITextAutocapitalizationType autocapitalization() const = 0;
+    virtual NSString textBeforeCaret() const = 0;
 };
 
 /// The text input that this responder is; nullptr for any other responder and for nil.

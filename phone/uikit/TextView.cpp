@@ -47,6 +47,8 @@ void TextView::define(objc::ClassTable<TextView>& c) {
         .def<"setEditable:", &TextView::setEditable>()
         .get<"returnKeyType", &TextView::_returnKeyType>()
         .def<"setReturnKeyType:", &TextView::setReturnKeyType>()
+        .get<"autocapitalizationType", &TextView::_autocapitalization>()
+        .def<"setAutocapitalizationType:", &TextView::setAutocapitalizationType>()
         .def<"insertText:", &TextView::insertText>()
         .def<"deleteBackward", &TextView::deleteBackward>()
         .def<"hasText", &TextView::hasText>();
@@ -91,6 +93,13 @@ void TextView::setTextAlignment(NSTextAlignment alignment) {
 
 void TextView::setReturnKeyType(UIReturnKeyType type) {
     _returnKeyType = type;
+    if (isFirstResponder()) {
+        Keyboard::shared().refresh();
+    }
+}
+
+void TextView::setAutocapitalizationType(UITextAutocapitalizationType kind) {
+    _autocapitalization = kind;
     if (isFirstResponder()) {
         Keyboard::shared().refresh();
     }
@@ -167,6 +176,7 @@ void TextView::textMoved() {
         const CGRect caret = caretRect(_editing.selection().end());
         showRect(caret);
         _caret->show(caret);
+        Keyboard::shared().textMoved();
     }
 }
 

@@ -29,6 +29,8 @@ public:
     void moveCaret(CaretMove move) override { _editing.moveCaret(move); }
     void pressReturn() override { _editing.type("\n"_ns); }
     UIReturnKeyType returnKey() const override { return _returnKeyType; }
+    UITextAutocapitalizationType autocapitalization() const override { return _autocapitalization; }
+    NSString textBeforeCaret() const override { return _editing.textBeforeCaret(); }
 
 private:
     void initWithFrame(CGRect frame);
@@ -43,6 +45,7 @@ private:
     NSTextAlignment textAlignment() { return _alignment; }
     void setTextAlignment(NSTextAlignment alignment);
     void setReturnKeyType(UIReturnKeyType type);
+    void setAutocapitalizationType(UITextAutocapitalizationType kind);
     NSRange selectedRange() { return _editing.selection(); }
     void setSelectedRange(NSRange range);
     bool isEditable() { return _editable; }
@@ -84,6 +87,7 @@ private:
     UIFont _font;
     NSTextAlignment _alignment = NSTextAlignment::Left;
     UIReturnKeyType _returnKeyType = UIReturnKeyType::Default;
+    UITextAutocapitalizationType _autocapitalization = UITextAutocapitalizationType::Sentences;
     bool _editable = true;
     objc::Ref<Caret> _caret;
 };

@@ -77,7 +77,11 @@ void TouchDelivery::moved(CGPoint point) {
     if (touch == nullptr) {
         return;
     }
-    touch->move(inWindow(point, touch->window()), RunLoop::main().now());
+    const CGPoint at = inWindow(point, touch->window());
+    if (at == touch->location()) {
+        return; // a finger that is lifted, or rests, where it was has not moved
+    }
+    touch->move(at, RunLoop::main().now());
     if (distance(point, _lastTapAt) > farthestTap) {
         touch->forgetTaps();
         _taps = 0;

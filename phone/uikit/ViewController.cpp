@@ -98,9 +98,7 @@ void ViewController::initWithNibName(const NSString& nib, const NSObject&) {
 UIView ViewController::view() {
     if (!_view) {
         send<"loadView">();
-        if (_view) {
-            send<"viewDidLoad">();
-        }
+        send<"viewDidLoad">(); // also where that has set no view
     }
     return _view;
 }

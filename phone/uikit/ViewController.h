@@ -26,7 +26,7 @@ public:
     void initWithNibName(const NSString& nib, const NSObject& bundle);
 
     // The view.
-    /// Makes the view by `loadView`, followed by `viewDidLoad`, when there is none yet.
+    /// Makes the view by `loadView`, followed by `viewDidLoad`, when there is none yet. nil where `loadView` set none.
     UIView view();
     void setView(const UIView& view);
     bool isViewLoaded() const { return static_cast<bool>(_view); }

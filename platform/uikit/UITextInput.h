@@ -3,6 +3,9 @@
 
 #include "platform/objc/Runtime.h"
 
+/// `UITextAutocapitalizationType`
+enum class UITextAutocapitalizationType : objc::Int { None = 0, Words = 1, Sentences = 2, AllCharacters = 3 };
+
 /// `UIReturnKeyType`
 enum class UIReturnKeyType : objc::Int {
     Default = 0,

@@ -119,6 +119,8 @@ TEST_F(Screens, ShowTheKeyboardWhileThereIsOne) {
     settle();
 
     EXPECT_EQ(one("class name", "Keyboard").children().size(), 31U);
+    EXPECT_EQ(named("Q").type(), "XCUIElementTypeKey"); // shift is lit at the start of a text
+    type("a");
     EXPECT_EQ(named("q").type(), "XCUIElementTypeKey");
     EXPECT_EQ(named("q").traits(), "KeyboardKey");
     EXPECT_EQ(named("space").type(), "XCUIElementTypeKey");

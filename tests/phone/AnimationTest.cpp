@@ -26,6 +26,24 @@ private:
     }
 };
 
+/// Keeps one view inside as large as itself.
+class Filler : public objc::Defines<Filler, UIView> {
+public:
+    static constexpr auto objc_name = "TestFiller";
+    static void define(objc::ClassTable<Filler>& c) { c.overrides<"layoutSubviews", &Filler::layoutSubviews>(); }
+
+    UIView inside;
+
+private:
+    void layoutSubviews() {
+        if (!inside) {
+            inside = UIView::withFrame(bounds());
+            addSubview(inside);
+        }
+        inside.setFrame(bounds());
+    }
+};
+
 class Animation : public PhoneTest {
 public:
     Animation() { useClassesOnly(); }
@@ -53,6 +71,42 @@ public:
             EXPECT_EQ(completions, 0) << "a completion is never called inline";
         });
     }
+    /// Fades the view out in a tenth of a second, eased in and out, inside a linear block of 0.7 seconds. Gives what
+    /// the log says of it.
+    nlohmann::ordered_json innerAnimation(objc::UInt options) {
+        run([&] {
+            UIView inner = view;
+            UIView::animate(
+                0.7, 0, 3 << 16,
+                ^{
+                  UIView::animate(
+                      0.1, 0, options,
+                      ^{
+                        inner.setAlpha(0);
+                      },
+                      nullptr);
+                },
+                nullptr);
+        });
+        return log("animation").back();
+    }
+    /// Starts to move the view a hundred points down, linearly, in a second; after half of it up again, with these
+    /// options.
+    void turnBackHalfway(objc::UInt options) {
+        for (const CGFloat y : {150, 50}) {
+            run([&] {
+                UIView moved = view;
+                UIView::animate(
+                    1, 0, (3 << 16) | options,
+                    ^{
+                      moved.setCenter({50, y});
+                    },
+                    nullptr);
+            });
+            advance(0.5);
+        }
+    }
+    double shownY() { return phone::View::of(view)->presentation().center.y; }
     double shownAlpha() { return phone::View::of(view)->presentation().alpha; }
 
     UIWindow root;
@@ -61,6 +115,7 @@ public:
     bool finished = false;
 };
 
+// Holds: animated-value-at-once
 TEST_F(Animation, SetsTheViewsOwnValueAtOnce) {
     fade(0.3, 0, 0);
 
@@ -95,6 +150,7 @@ TEST_F(Animation, WaitsForItsDelay) {
     EXPECT_NEAR(shownAlpha(), 0.5, 1e-6);
 }
 
+// Holds: completion-says-finished
 TEST_F(Animation, CompletesWhenItsTimeHasPassed) {
     fade(0.3, 0, 2);
     advance(0.29);
@@ -114,6 +170,7 @@ TEST_F(Animation, CompletesInTheNextCycleWhenItsDurationIsZero) {
     EXPECT_TRUE(finished);
 }
 
+// Holds: completion-early-without-changes
 TEST_F(Animation, CompletesInTheNextCycleWhenNothingChanged) {
     view.setAlpha(0);
 
@@ -123,6 +180,7 @@ TEST_F(Animation, CompletesInTheNextCycleWhenNothingChanged) {
     EXPECT_TRUE(finished);
 }
 
+// Holds: completion-says-finished
 TEST_F(Animation, CompletesUnfinishedWhenItIsReplaced) {
     fade(1, 0, 0);
     advance(0.5);
@@ -141,6 +199,7 @@ TEST_F(Animation, CompletesUnfinishedWhenItIsReplaced) {
     EXPECT_FALSE(finished);
 }
 
+// Holds: completion-says-finished
 TEST_F(Animation, CompletesUnfinishedWhenItsViewLeaves) {
     fade(1, 0, 0);
 
@@ -261,24 +320,23 @@ TEST_F(Animation, StartsInnerAnimationsWhenTheOutermostIsCommitted) {
     EXPECT_EQ(log("animation")[0].at("name"), "inner");
 }
 
-TEST_F(Animation, OfABlockInsideABlockTakesOverTheOuterDuration) {
-    run([&] {
-        UIView inner = view;
-        UIView::animate(
-            0.7, 0, 0,
-            ^{
-              UIView::animate(
-                  0.1, 0, 0,
-                  ^{
-                    inner.setAlpha(0);
-                  },
-                  nullptr);
-            },
-            nullptr);
-    });
+TEST_F(Animation, OfABlockInsideABlockTakesOverTheOuterDurationAndCurve) {
+    const auto inner = innerAnimation(0);
 
-    ASSERT_EQ(log("animation").size(), 1U);
-    EXPECT_EQ(log("animation")[0].at("duration"), 0.7);
+    EXPECT_EQ(inner.at("duration"), 0.7);
+    EXPECT_EQ(inner.at("curve"), 3);
+}
+
+// Holds: animation-numbers
+TEST_F(Animation, OfABlockInsideABlockKeepsItsDurationByOption32AndItsCurveByOption64) {
+    const auto duration = innerAnimation(32);
+    EXPECT_EQ(duration.at("duration"), 0.1);
+    EXPECT_EQ(duration.at("curve"), 3);
+
+    view.setAlpha(1);
+    const auto curve = innerAnimation(64);
+    EXPECT_EQ(curve.at("duration"), 0.7);
+    EXPECT_EQ(curve.at("curve"), 0);
 }
 
 // Holds: option-one-is-no-curve
@@ -329,26 +387,78 @@ TEST_F(Animation, MovesItsEndWhenTheValueIsSetOutside) {
 }
 
 // Holds: animation-numbers
-TEST_F(Animation, HasThePlatformsNumbers) {
-    EXPECT_EQ(static_cast<int>(UIViewAnimationCurve::EaseInOut), 0);
-    EXPECT_EQ(static_cast<int>(UIViewAnimationCurve::EaseIn), 1);
-    EXPECT_EQ(static_cast<int>(UIViewAnimationCurve::EaseOut), 2);
-    EXPECT_EQ(static_cast<int>(UIViewAnimationCurve::Linear), 3);
-    EXPECT_EQ(UIViewAnimationOptionLayoutSubviews, 1U);
-    EXPECT_EQ(UIViewAnimationOptionAllowUserInteraction, 2U);
-    EXPECT_EQ(UIViewAnimationOptionBeginFromCurrentState, 4U);
-    for (const objc::UInt curve : {0, 1, 2, 3}) {
+TEST_F(Animation, MovesByTheCurveThatItsNumberNames) {
+    const auto afterATenth = [&](objc::UInt curve) {
+        view.setAlpha(1);
+        fade(1, 0, curve << 16);
+        completions = 0;
+        advance(0.1);
+        const double faded = 1 - shownAlpha();
+        settle();
+        completions = 0;
+        return faded;
+    };
+
+    const double easedInOut = afterATenth(0);
+    const double easedIn = afterATenth(1);
+    const double easedOut = afterATenth(2);
+    const double linear = afterATenth(3);
+
+    EXPECT_NEAR(linear, 0.1, 1e-6);
+    EXPECT_LT(easedIn, linear);
+    EXPECT_LT(easedInOut, linear);
+    EXPECT_GT(easedOut, linear);
+}
+
+// Holds: animation-numbers
+TEST_F(Animation, LaysOutWhatIsInsideItsViewsByOption1) {
+    const auto filler = objc::Ref<Filler>::make();
+    root.addSubview(filler);
+    run([&] { objc::as<UIView>(filler).setFrame({0, 0, 100, 100}); });
+    const auto grow = [&](objc::UInt options, CGFloat width) {
         run([&] {
-            UIView faded = view;
+            UIView outer = objc::as<UIView>(filler);
             UIView::animate(
-                0.3, 0, curve << 16,
+                1, 0, (3 << 16) | options,
                 ^{
-                  faded.setAlpha(faded.alpha() / 2);
+                  outer.setFrame({0, 0, width, 100});
                 },
                 nullptr);
         });
-        EXPECT_EQ(log("animation").back().at("curve"), curve);
-    }
+        advance(0.5);
+        return phone::View::of(filler->inside)->presentation().bounds.size.width;
+    };
+
+    EXPECT_EQ(grow(0, 200), 200); // laid out later, at once
+    settle();
+    EXPECT_NEAR(grow(1, 300), 250, 1e-6);
+}
+
+// Holds: animation-numbers
+TEST_F(Animation, BeginsWhereTheLastOneHasComeToByOption4) {
+    turnBackHalfway(4);
+    EXPECT_NEAR(shownY(), 75, 1e-6); // from 100 to 50
+    settle();
+
+    turnBackHalfway(0);
+    EXPECT_NEAR(shownY(), 100, 1e-6); // from 150, where the last one was to end
+}
+
+// Holds: animation-numbers
+TEST_F(Animation, RepeatsByOption8AndGoesBackByOption16) {
+    fade(1, 0, (3 << 16) | 8);
+    advance(2.25);
+    EXPECT_NEAR(shownAlpha(), 0.75, 1e-6);
+    EXPECT_EQ(completions, 0);
+
+    view.removeFromSuperview(); // nothing else ends it
+    advance(0);
+    root.addSubview(view);
+    view.setAlpha(1);
+    completions = 0;
+    fade(1, 0, (3 << 16) | 16);
+    advance(1.25);
+    EXPECT_NEAR(shownAlpha(), 0.25, 1e-6);
 }
 
 // Holds: older-animation-settings

@@ -1,12 +1,14 @@
 #include "phone/uikit/Control.h"
 
 #include "platform/uikit/UIViewController.h"
+#include "tests/phone/EventNumbers.h"
 #include "tests/phone/PhoneTest.h"
 
 namespace {
 
 using Phase = phone::Screen::Phase;
 using Entries = std::vector<std::string>;
+using Numbers = std::set<unsigned>;
 
 /// Writes down the actions it gets.
 class Target : public objc::Defines<Target, UIView> {
@@ -59,6 +61,7 @@ TEST_F(Control, SendsItsActionsWhenTheFingerGoesDownAndUp) {
     EXPECT_EQ(target->entries, (Entries{"down", "up"}));
 }
 
+// Holds: control-targets
 TEST_F(Control, FeelsAFingerLiftedWithin70PointsOfItsBounds) {
     touch(Phase::Began, 110, 110);
     touch(Phase::Moved, 215, 110);
@@ -67,6 +70,7 @@ TEST_F(Control, FeelsAFingerLiftedWithin70PointsOfItsBounds) {
     EXPECT_EQ(target->entries, (Entries{"down", "up"}));
 }
 
+// Holds: control-targets
 TEST_F(Control, TakesAFingerLiftedFartherAwayAsOutside) {
     touch(Phase::Began, 110, 110);
     touch(Phase::Moved, 240, 110);
@@ -86,6 +90,7 @@ TEST_F(Control, IsHighlightedOnlyWhileTheFingerIsInside) {
     EXPECT_EQ(control.state(), UIControlStateNormal);
 }
 
+// Holds: control-targets
 TEST_F(Control, FiresTheSameTripleOnce) {
     control.addTarget(target, objc::selector<"up:">(), UIControlEventTouchUpInside);
 
@@ -94,12 +99,14 @@ TEST_F(Control, FiresTheSameTripleOnce) {
     EXPECT_EQ(target->entries, (Entries{"down", "up"}));
 }
 
+// Holds: control-targets
 TEST_F(Control, DoesNotRetainItsTargets) {
     control.addTarget(objc::Ref<Target>::make(), objc::selector<"up:">(), UIControlEventValueChanged);
 
     EXPECT_EQ(Target::liveCount(), 1);
 }
 
+// Holds: control-targets
 TEST_F(Control, FindsANilTargetAlongTheResponderChain) {
     const auto around = objc::as<UIView>(target);
     around.setFrame(screen.bounds());
@@ -147,11 +154,17 @@ TEST_F(Control, TellsThatATouchWasTakenAway) {
 
 // Holds: control-states
 TEST_F(Control, HasItsStatesAsASetOfBits) {
-    control.setSelected(true);
-    control.setEnabled(false);
-    control.setHighlighted(true);
+    const auto state = [&] { return static_cast<unsigned>(control.state()); };
+    EXPECT_EQ(state(), 0U);
 
-    EXPECT_EQ(static_cast<objc::UInt>(control.state()), 7U);
+    control.setHighlighted(true);
+    EXPECT_EQ(state(), 1U);
+    control.setEnabled(false);
+    EXPECT_EQ(state(), 1U | 2U);
+    control.setSelected(true);
+    EXPECT_EQ(state(), 1U | 2U | 4U);
+    control.setHighlighted(false);
+    EXPECT_EQ(state(), 2U | 4U);
 }
 
 TEST_F(Control, SendsActionsThatCodeAsksFor) {
@@ -161,21 +174,32 @@ TEST_F(Control, SendsActionsThatCodeAsksFor) {
 }
 
 // Holds: control-event-numbers
-TEST_F(Control, NumbersItsEventsAsThePlatformDoes) {
-    EXPECT_EQ(UIControlEventTouchDown, 1U);
-    EXPECT_EQ(UIControlEventTouchDownRepeat, 2U);
-    EXPECT_EQ(UIControlEventTouchDragInside, 4U);
-    EXPECT_EQ(UIControlEventTouchDragOutside, 8U);
-    EXPECT_EQ(UIControlEventTouchDragEnter, 16U);
-    EXPECT_EQ(UIControlEventTouchDragExit, 32U);
-    EXPECT_EQ(UIControlEventTouchUpInside, 64U);
-    EXPECT_EQ(UIControlEventTouchUpOutside, 128U);
-    EXPECT_EQ(UIControlEventTouchCancel, 256U);
-    EXPECT_EQ(UIControlEventValueChanged, 4096U);
-    EXPECT_EQ(UIControlEventEditingDidBegin, 65536U);
-    EXPECT_EQ(UIControlEventEditingChanged, 131072U);
-    EXPECT_EQ(UIControlEventEditingDidEnd, 262144U);
-    EXPECT_EQ(UIControlEventEditingDidEndOnExit, 524288U);
+TEST_F(Control, SendsTheEventsOfATouchByTheirNumbers) {
+    EventNumbers events(control);
+
+    touch(Phase::Began, 110, 110);
+    EXPECT_EQ(events.take(), Numbers{1});
+    touch(Phase::Moved, 112, 110);
+    EXPECT_EQ(events.take(), Numbers{4});
+    touch(Phase::Moved, 300, 110);
+    EXPECT_EQ(events.take(), (Numbers{8, 32}));
+    touch(Phase::Moved, 110, 110);
+    EXPECT_EQ(events.take(), (Numbers{4, 16}));
+    touch(Phase::Ended, 110, 110);
+    EXPECT_EQ(events.take(), Numbers{64}); // lifted in its place, the finger drags nothing
+    tap(110, 110);
+    events.take();
+    tap(110, 110);
+    EXPECT_EQ(events.take(), (Numbers{1, 2, 64}));
+    touch(Phase::Began, 110, 110);
+    touch(Phase::Moved, 300, 110);
+    events.take();
+    touch(Phase::Ended, 300, 110);
+    EXPECT_EQ(events.take(), Numbers{128});
+    touch(Phase::Began, 110, 110);
+    events.take();
+    run([] { UIApplication::shared().beginIgnoringInteractionEvents(); });
+    EXPECT_EQ(events.take(), Numbers{256});
 }
 
 } // namespace

@@ -85,7 +85,42 @@ TEST_F(DatePicker, KeepsTheFrameItIsGiven) {
     picker({0, 67.5, 290, 216});
 
     EXPECT_EQ(attribute(findClass("UIDatePicker"), "frame"), "0 67.5 290 216");
+}
+
+// Holds: picker-heights
+TEST_F(DatePicker, IsAsLargeAsItsWheelsWithoutAFrame) {
+    boot();
+
     EXPECT_EQ(objc::make<UIDatePicker>().frame(), CGRect(0, 0, 320, 216));
+}
+
+// Holds: picker-heights
+TEST_F(DatePicker, TakesTheNearestOfItsThreeHeightsAndSaysSo) {
+    boot();
+    const auto heightFor = [](CGFloat height) { return UIDatePicker::withFrame({0, 33, 290, height}).frame(); };
+    testing::internal::CaptureStderr();
+
+    EXPECT_EQ(heightFor(162), CGRect(0, 33, 290, 162));
+    EXPECT_EQ(heightFor(180), CGRect(0, 33, 290, 180));
+    EXPECT_EQ(heightFor(216), CGRect(0, 33, 290, 216));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(heightFor(100), CGRect(0, 33, 290, 162));
+
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "-[UIPickerView setFrame:]: invalid height value 100.0 pinned to 162.0\n");
+    EXPECT_EQ(heightFor(175), CGRect(0, 33, 290, 180));
+    EXPECT_EQ(heightFor(500), CGRect(0, 33, 290, 216));
+}
+
+// Holds: picker-heights
+TEST_F(DatePicker, TakesTheNearestHeightWhenItsFrameIsSetToo) {
+    boot();
+    const auto wheels = UIDatePicker::withFrame({0, 0, 320, 216});
+
+    wheels.setFrame({5, 33, 290, 150});
+
+    EXPECT_EQ(wheels.frame(), CGRect(5, 33, 290, 162));
 }
 
 TEST_F(DatePicker, StandsWithItsWheelsInTheMiddleOfANarrowerFrame) {
@@ -113,6 +148,7 @@ TEST_F(DatePicker, KeepsTheDateWhenAWheelComesBackToItsRow) {
     EXPECT_EQ(changes(), 0);
 }
 
+// Holds: picker-in-code
 TEST_F(DatePicker, SendsNothingWhenCodeSetsTheDate) {
     picker().setDate(at(march5 + 3600));
     picker().setDate(at(march5 + 7200), true);
@@ -398,6 +434,7 @@ TEST_F(DatePicker, MovesADateBelowTheMinimumUpToIt) {
     EXPECT_EQ(changes(), 0);
 }
 
+// Holds: picker-limits-that-cross
 TEST_F(DatePicker, IgnoresLimitsThatExcludeEachOther) {
     picker().setMinimumDate(at(march5 + 1000));
     picker().setMaximumDate(at(march5 - 1000));

@@ -78,19 +78,4 @@ TEST_F(Device, ShowsTheTimeInTheDigitsOfTheLanguage) {
     EXPECT_EQ(phone::statusBarTime(), "١٤:٣٧");
 }
 
-// Holds: screen-stays-upright
-TEST_F(Device, KeepsItsScreenUprightHoweverItIsHeld) {
-    boot().setOrientation("LANDSCAPE_LEFT");
-
-    EXPECT_EQ(UIScreen::main().bounds(), CGRect(0, 0, 320, 568));
-}
-
-// Holds: orientation-numbers
-TEST_F(Device, NumbersItsOrientationsAsThePlatformDoes) {
-    EXPECT_EQ(static_cast<int>(UIInterfaceOrientation::Portrait), 1);
-    EXPECT_EQ(static_cast<int>(UIInterfaceOrientation::PortraitUpsideDown), 2);
-    EXPECT_EQ(static_cast<int>(UIInterfaceOrientation::LandscapeRight), 3);
-    EXPECT_EQ(static_cast<int>(UIInterfaceOrientation::LandscapeLeft), 4);
-}
-
 } // namespace

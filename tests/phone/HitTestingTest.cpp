@@ -26,13 +26,14 @@ public:
     UIView front;
 };
 
+// Holds: front-is-asked-first
 TEST_F(HitTesting, AsksTheFrontmostViewFirst) {
     EXPECT_EQ(hit(60, 60), front);
     EXPECT_EQ(hit(10, 10), back);
     EXPECT_EQ(hit(300, 300), root);
 }
 
-// Holds: hit-skips-what-takes-no-touch
+// Holds: hit-skips-what-takes-no-touch, hidden-hides-what-is-inside
 TEST_F(HitTesting, SkipsHiddenViewsWithWhatIsInside) {
     front.addSubview(UIView::withFrame({0, 0, 100, 100}));
 
@@ -78,6 +79,7 @@ TEST_F(HitTesting, NeverReachesWhatSticksOutOfItsParent) {
     EXPECT_EQ(hit(160, 60), back);
 }
 
+// Holds: round-corners-and-masks
 TEST_F(HitTesting, IgnoresClippingAndRoundCorners) {
     front.layer().setCornerRadius(50);
     front.setClipsToBounds(true);

@@ -129,6 +129,7 @@ TEST_F(Images, RememberThePathAsItWasGiven) {
     EXPECT_EQ(imagePath(nullptr), "");
 }
 
+// Holds: stretchable-image
 TEST_F(Images, StretchTheOneColumnAfterTheCap) {
     auto canvas = Canvas::make(30, 4, 1);
 
@@ -140,6 +141,7 @@ TEST_F(Images, StretchTheOneColumnAfterTheCap) {
     }
 }
 
+// Holds: stretchable-image
 TEST_F(Images, StretchTheOneRowAfterTheCap) {
     auto source = Canvas::make(2, 4, 1);
     source->painter().fill(CGRect(0, 0, 2, 1), red);
@@ -166,6 +168,7 @@ TEST_F(Images, ShrinkTheCapsAlikeWhereTheyDoNotFit) {
     EXPECT_EQ(canvas->pixel(2, 2), opaqueBlue);
 }
 
+// Holds: stretchable-image
 TEST_F(Images, AreNotChangedByMakingAStretchableCopy) {
     const auto image = columns();
 

@@ -1,5 +1,6 @@
 #include "phone/uikit/Keyboard.h"
 
+#include "phone/uikit/Compositor.h"
 #include "platform/foundation/NSNumber.h"
 #include "tests/phone/EditingRecorder.h"
 #include "tests/phone/PhoneTest.h"
@@ -28,6 +29,14 @@ protected:
     CGRect rect(id key) { return recorder->information.at<NSValue>(objc::borrow<NSString>(key)).CGRectValue(); }
     double value(id key) { return recorder->information.at<NSNumber>(objc::borrow<NSString>(key)).doubleValue(); }
     std::string typed() { return phone::text(field.text()); }
+    pugi::xml_node shiftKey() { return findClass("UIKeyboardKeyView", 19); }
+    /// As a person sees it: the arrow on the key is filled.
+    bool isShiftLit() {
+        double x = 0;
+        double y = 0;
+        std::istringstream(attribute(shiftKey(), "touch")) >> x >> y;
+        return (phone::pictureOfScreen()->pixel(static_cast<int>(x * 2), static_cast<int>(y * 2)) & 0xff) < 0x40;
+    }
 
     UIWindow screen;
     UITextField field;
@@ -58,6 +67,7 @@ TEST_F(Keyboard, IsAsHighAsEachDeviceHasIt) {
     EXPECT_EQ(phone::Keyboard::height(true, true), 352);
 }
 
+// Holds: keyboard-notifications
 TEST_F(Keyboard, TellsWhereItComesFromAndGoesTo) {
     start();
     focus();
@@ -69,6 +79,7 @@ TEST_F(Keyboard, TellsWhereItComesFromAndGoesTo) {
     EXPECT_EQ(value(UIKeyboardAnimationCurveUserInfoKey), 7);
 }
 
+// Holds: keyboard-notifications
 TEST_F(Keyboard, ArrivesAndLeavesAQuarterOfASecondLater) {
     start();
     field.becomeFirstResponder();
@@ -93,18 +104,86 @@ TEST_F(Keyboard, TypesByTouch) {
     tapOn("H");
     tapOn("I");
 
-    EXPECT_EQ(typed(), "hi");
+    EXPECT_EQ(typed(), "Hi");
 }
 
 TEST_F(Keyboard, TypesOneCapitalAfterShift) {
     start();
     focus();
+    type("x");
 
-    tapOn(findClass("UIKeyboardKeyView", 19));
+    tapOn(shiftKey());
     tapOn("H");
     tapOn("I");
 
-    EXPECT_EQ(typed(), "Hi");
+    EXPECT_EQ(typed(), "xHi");
+}
+
+// Holds: autocapitalization
+TEST_F(Keyboard, LightsShiftAtTheStartOfATextAndBehindAFullStopAndASpace) {
+    start();
+    EXPECT_EQ((field.send<"autocapitalizationType", objc::Int>()), 2);
+    focus();
+    EXPECT_TRUE(isShiftLit());
+
+    type("a");
+    EXPECT_FALSE(isShiftLit());
+    type(".");
+    EXPECT_FALSE(isShiftLit());
+    type(" ");
+    EXPECT_TRUE(isShiftLit());
+    type("b c");
+    EXPECT_FALSE(isShiftLit());
+    key("backspace");
+    EXPECT_FALSE(isShiftLit());
+    key("home");
+    EXPECT_TRUE(isShiftLit());
+
+    EXPECT_EQ(typed(), "a. b "); // what is typed on a connected keyboard arrives as it is
+}
+
+// Holds: autocapitalization
+TEST_F(Keyboard, TypesACapitalWhereShiftIsLit) {
+    start();
+    focus();
+
+    tapOn("H");
+    tapOn("I");
+    tapOn("123");
+    tapOn(".");
+    tapOn("space");
+    tapOn("I");
+
+    EXPECT_EQ(typed(), "Hi. I");
+}
+
+TEST_F(Keyboard, LetsAPersonReleaseShift) {
+    start();
+    focus();
+
+    tapOn(shiftKey());
+    EXPECT_FALSE(isShiftLit());
+    tapOn("H");
+
+    EXPECT_EQ(typed(), "h");
+}
+
+TEST_F(Keyboard, LightsShiftAsTheFieldWantsIt) {
+    start();
+    focus();
+    type("a");
+    const auto litFor = [&](objc::Int kind) {
+        run([&] { field.send<"setAutocapitalizationType:">(kind); });
+        return isShiftLit();
+    };
+
+    EXPECT_TRUE(litFor(3)); // every letter
+    EXPECT_FALSE(litFor(1));
+    EXPECT_FALSE(litFor(0));
+    type(" ");
+    EXPECT_FALSE(isShiftLit());
+    EXPECT_TRUE(litFor(1)); // every word
+    EXPECT_FALSE(litFor(2));
 }
 
 TEST_F(Keyboard, HasDigitsAndSymbolsAndComesBackAfterASpace) {
@@ -144,7 +223,7 @@ TEST_F(Keyboard, CoversItselfWithKeysWithoutGaps) {
     }
 
     EXPECT_EQ(typed().size(), 160U);
-    EXPECT_EQ(typed().front(), 'q');
+    EXPECT_EQ(typed().front(), 'Q');
     EXPECT_EQ(typed().back(), 'p');
 }
 
@@ -167,7 +246,7 @@ TEST_F(Keyboard, HasUmlautsInGerman) {
     advance(0.6);
     touch(Phase::Ended, x, y);
 
-    EXPECT_EQ(typed(), "züöäß");
+    EXPECT_EQ(typed(), "Züöäß");
     EXPECT_TRUE(isVisible("Fertig"));
     EXPECT_TRUE(isVisible("Leerzeichen"));
 }

@@ -1,6 +1,7 @@
 #include "tests/phone/PhoneTest.h"
 
 #include "phone/foundation/Text.h"
+#include "phone/uikit/Compositor.h"
 #include "platform/uikit/UINavigationBar.h"
 
 namespace {
@@ -103,6 +104,7 @@ TEST_F(NavigationBar, CentresABoldTitleBetweenItsButtons) {
     EXPECT_NEAR(x + width / 2, 145, 0.5);
 }
 
+// Holds: bar-margins
 TEST_F(NavigationBar, KeepsAMarginOfEightPointsBesideItsButtons) {
     show();
     setItem();
@@ -151,8 +153,48 @@ TEST_F(NavigationBar, ShowsACustomViewAtItsOwnSize) {
         bar.setItems(NSArray::of(item));
     });
 
-    EXPECT_EQ(custom.frame(), CGRect(8, 10.5, 61, 23));
+    EXPECT_EQ(custom.frame().size, (CGSize{61, 23}));
+    EXPECT_EQ(custom.frame().origin.y, 10.5);
     EXPECT_EQ(custom.superview(), bar);
+}
+
+// Holds: bar-margins
+TEST_F(NavigationBar, KeepsAMarginOfSixteenPointsBesideACustomView) {
+    show();
+    const auto one = UIView::withFrame({0, 0, 61, 23});
+    const auto other = UIView::withFrame({0, 0, 40, 20});
+
+    run([&] {
+        item.setLeftBarButtonItem(UIBarButtonItem::withCustomView(one));
+        item.setRightBarButtonItem(UIBarButtonItem::withCustomView(other));
+        bar.setItems(NSArray::of(item));
+    });
+
+    EXPECT_EQ(one.frame().origin.x, 16);
+    EXPECT_EQ(other.frame().maxX(), 290 - 16);
+}
+
+// Holds: bar-margins
+TEST_F(NavigationBar, KeepsAMarginOfEightPointsBesideTheWayBack) {
+    show();
+
+    run([&] { bar.setItems(NSArray::of(UINavigationItem::withTitle("Under"_ns), item)); });
+
+    EXPECT_TRUE(attribute(findClass("UINavigationButton"), "frame").starts_with("8 "));
+}
+
+// Holds: bar-hairline
+TEST_F(NavigationBar, HasItsHairlineBelowItsBounds) {
+    show();
+    front.setBackgroundColor(UIColor::white());
+    setItem();
+
+    const auto line = findClass("_UINavigationBarBackground").child("UIImageView");
+    EXPECT_EQ(attribute(line, "frame"), "0 44 290 0.5");
+    const auto picture = phone::pictureOfScreen();
+    EXPECT_LT(picture->pixel(290, 88) & 0xff, 0xc0U);
+    EXPECT_EQ(picture->pixel(290, 87), picture->pixel(290, 80)); // nothing is drawn inside
+    EXPECT_EQ(picture->pixel(290, 89), 0xffffffffU);
 }
 
 // Holds: bar-title-view

@@ -1,12 +1,38 @@
 #include "tests/phone/PhoneTest.h"
 #include "tests/phone/Probe.h"
+#include "tests/phone/Raised.h"
 
-#include "phone/foundation/Text.h"
-#include "platform/objc/Exception.h"
-
-#include <algorithm>
+#include <sstream>
 
 using Lines = std::vector<std::string>;
+
+namespace {
+
+/// Writes down how large its view is when it is told something.
+class Sized : public objc::Defines<Sized, UIViewController> {
+public:
+    static constexpr auto objc_name = "SizedController";
+    static void define(objc::ClassTable<Sized>& c) {
+        c.overrides<"viewDidLoad", &Sized::viewDidLoad>()
+            .overrides<"viewWillAppear:", &Sized::viewWillAppear>()
+            .overrides<"viewDidLayoutSubviews", &Sized::viewDidLayoutSubviews>();
+    }
+
+    Lines sizes;
+
+private:
+    void note(const char* what) {
+        const CGSize size = view().bounds().size;
+        std::ostringstream line;
+        line << what << ' ' << size.width << 'x' << size.height;
+        sizes.push_back(line.str());
+    }
+    void viewDidLoad() { note("loaded"); }
+    void viewWillAppear(bool) { note("appears"); }
+    void viewDidLayoutSubviews() { note("laid out"); }
+};
+
+} // namespace
 
 class NavigationController : public PhoneTest {
 protected:
@@ -27,17 +53,6 @@ protected:
         settle();
         return controller;
     }
-    /// The name of the platform exception that the work raises; "" for none.
-    template <class Work>
-    static std::string raised(Work work) {
-        try {
-            work();
-        } catch (...) {
-            return phone::text(objc::caughtObject().send<"name", NSString>());
-        }
-        return "";
-    }
-
     void TearDown() override {
         navigation = nullptr;
         root = nullptr;
@@ -56,8 +71,39 @@ TEST_F(NavigationController, ShowsItsRoot) {
     run([&] { front.setRootViewController(controller); });
 
     EXPECT_EQ(takeProbed(), (Lines{"root loadView", "root viewDidLoad", "root willAppear", "root didAppear"}));
-    EXPECT_EQ(controller.topViewController().view().frame(), CGRect(0, 0, 320, 568));
     EXPECT_EQ(controller.topViewController().navigationController(), controller);
+}
+
+// Holds: content-under-the-bars
+TEST_F(NavigationController, HasItsScreenReachUnderTheBars) {
+    show();
+
+    EXPECT_EQ(root.view().frame(), CGRect(0, 0, 320, 568));
+    EXPECT_EQ(navigation.navigationBar().frame(), CGRect(0, 20, 320, 44));
+}
+
+// Holds: content-under-the-bars
+TEST_F(NavigationController, HasItsScreenReachUnderTheBarsOfTheSmallerPhone) {
+    useDevice("iphone4");
+    show();
+
+    EXPECT_EQ(root.view().frame(), CGRect(0, 0, 320, 480));
+}
+
+// Holds: size-comes-after-loading
+TEST_F(NavigationController, GivesAScreenItsSizeWhenItsViewHasLoaded) {
+    useDevice("ipad");
+    show();
+    boot().setOrientation("LANDSCAPE_LEFT");
+    settle();
+    const auto sized = objc::Ref<Sized>::make();
+
+    run([&] { navigation.push(objc::as<UIViewController>(sized), true); });
+    settle();
+
+    EXPECT_EQ(sized->sizes.front(), "loaded 768x1024");
+    EXPECT_EQ(sized->sizes.at(1), "appears 1024x768");
+    EXPECT_EQ(sized->sizes.back(), "laid out 1024x768");
 }
 
 // Holds: push-order
@@ -86,16 +132,21 @@ TEST_F(NavigationController, PopsInThePlatformsOrder) {
               (Lines{"next willDisappear", "root willAppear", "next didDisappear", "root didAppear", "next dealloc"}));
 }
 
+// Holds: same-order-without-animation
 TEST_F(NavigationController, KeepsTheOrderWithoutAnimation) {
     show();
+    push("first", true);
+    EXPECT_TRUE(Probe::wasAnimated);
+    takeProbed();
 
     push("next", false);
 
-    EXPECT_EQ(takeProbed(), (Lines{"next loadView", "next viewDidLoad", "root willDisappear", "next willAppear",
-                                   "root didDisappear", "next didAppear"}));
+    EXPECT_EQ(takeProbed(), (Lines{"next loadView", "next viewDidLoad", "first willDisappear", "next willAppear",
+                                   "first didDisappear", "next didAppear"}));
     EXPECT_FALSE(Probe::wasAnimated);
 }
 
+// Holds: stack-changes-at-once
 TEST_F(NavigationController, ChangesItsStackAtOnceAndLoadsTheViewLater) {
     show();
     const auto next = Probe::with("next");
@@ -110,6 +161,7 @@ TEST_F(NavigationController, ChangesItsStackAtOnceAndLoadsTheViewLater) {
     EXPECT_TRUE(next.isViewLoaded());
 }
 
+// Holds: nobody-in-between-is-told
 TEST_F(NavigationController, TellsNobodyInBetweenWhenItPopsToTheRoot) {
     show();
     const auto middle = push("middle");
@@ -142,27 +194,29 @@ TEST_F(NavigationController, PopsToOneOfItsScreens) {
 TEST_F(NavigationController, RaisesWhenToldToPopToAStranger) {
     show();
 
-    const std::string name = raised([&] { navigation.popTo(Probe::with("stranger"), true); });
+    const auto exception = raised([&] { navigation.popTo(Probe::with("stranger"), true); });
 
-    EXPECT_EQ(name, "NSInternalInconsistencyException");
+    EXPECT_EQ(exception.name, "NSInternalInconsistencyException");
+    EXPECT_EQ(exception.reason, "Tried to pop to a view controller that doesn't exist.");
 }
 
 // Holds: push-twice
 TEST_F(NavigationController, RaisesWhenTheSameScreenIsPushedTwice) {
     show();
 
-    const std::string name = raised([&] { navigation.push(root, true); });
+    const auto exception = raised([&] { navigation.push(root, true); });
 
-    EXPECT_EQ(name, "NSInvalidArgumentException");
+    EXPECT_EQ(exception.name, "NSInvalidArgumentException");
     EXPECT_EQ(navigation.viewControllers().count(), 1u);
 }
 
 TEST_F(NavigationController, RaisesForANilScreen) {
     show();
 
-    EXPECT_EQ(raised([&] { navigation.push(nullptr, true); }), "NSInvalidArgumentException");
+    EXPECT_EQ(raised([&] { navigation.push(nullptr, true); }).name, "NSInvalidArgumentException");
 }
 
+// Holds: root-is-not-popped
 TEST_F(NavigationController, PopsNothingAtItsRoot) {
     show();
 
@@ -222,15 +276,18 @@ TEST_F(NavigationController, DoesAPopAfterThePushThatIsUnderWay) {
     EXPECT_EQ(lines.back(), "next dealloc");
 }
 
+// Holds: bar-changes-no-callback
 TEST_F(NavigationController, HidesItsBarWithoutAnyCallback) {
     show();
 
     run([&] { navigation.setNavigationBarHidden(true, false); });
+    EXPECT_EQ(takeProbed(), Lines{});
     push("next");
 
     EXPECT_TRUE(navigation.isNavigationBarHidden());
     EXPECT_TRUE(navigation.navigationBar().isHidden());
-    EXPECT_EQ(takeProbed().size(), 6u);
+    EXPECT_EQ(takeProbed(), (Lines{"next loadView", "next viewDidLoad", "root willDisappear", "next willAppear",
+                                   "root didDisappear", "next didAppear"}));
 }
 
 TEST_F(NavigationController, NamesTheScreenAndTheWayBackInItsBar) {
@@ -251,7 +308,8 @@ TEST_F(NavigationController, NamesTheScreenAndTheWayBackInItsBar) {
 TEST_F(NavigationController, KeepsItsBarsItemsToItself) {
     show();
 
-    EXPECT_EQ(raised([&] { navigation.navigationBar().setItems(NSArray::of()); }), "NSInternalInconsistencyException");
+    EXPECT_EQ(raised([&] { navigation.navigationBar().setItems(NSArray::of()); }).name,
+              "NSInternalInconsistencyException");
 }
 
 TEST_F(NavigationController, LogsPushesAndPops) {

@@ -1,9 +1,8 @@
 #include "tests/phone/PhoneTest.h"
 #include "tests/phone/Probe.h"
+#include "tests/phone/Raised.h"
 
-#include "phone/foundation/Text.h"
 #include "phone/uikit/ViewController.h"
-#include "platform/objc/Exception.h"
 
 #include <algorithm>
 
@@ -161,6 +160,7 @@ TEST_F(Presentation, DoesNothingOnAControllerInNoWindow) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "completed"), 0);
 }
 
+// Holds: sheet-leaves-what-is-beneath
 TEST_F(Presentation, TellsNobodyBeneathWhenItDoesNotFillTheScreen) {
     show();
 
@@ -186,6 +186,7 @@ TEST_F(Presentation, TellsAllThatIsVisibleWhenAFullScreenComesOverASheet) {
     EXPECT_EQ(of(lines, "sheet"), (Lines{"sheet willDisappear", "sheet didDisappear"}));
 }
 
+// Holds: dismissal-goes-to-the-presenter
 TEST_F(Presentation, RemovesEverythingAboveTheControllerThatDismisses) {
     show();
     const auto sheet = overlay("sheet");
@@ -208,6 +209,7 @@ TEST_F(Presentation, RemovesEverythingAboveTheControllerThatDismisses) {
     EXPECT_FALSE(sheet.view().window());
 }
 
+// Holds: dismissal-goes-to-the-presenter
 TEST_F(Presentation, PassesADismissalOnToThePresenter) {
     show();
     const auto upper = Probe::with("upper");
@@ -246,15 +248,8 @@ TEST_F(Presentation, CoversTheFullScreenVerticallyByDefault) {
 
 TEST_F(Presentation, RaisesForANilController) {
     show();
-    std::string name;
 
-    try {
-        lower.present(nullptr, true, nullptr);
-    } catch (...) {
-        name = phone::text(objc::caughtObject().send<"name", NSString>());
-    }
-
-    EXPECT_EQ(name, "NSInvalidArgumentException");
+    EXPECT_EQ(raised([&] { lower.present(nullptr, true, nullptr); }).name, "NSInvalidArgumentException");
 }
 
 TEST_F(Presentation, ArrivesInALaterCycleWithoutAnimation) {

@@ -1,6 +1,6 @@
 #include "platform/uikit/UIGestureRecognizer.h"
 #include "platform/uikit/UISwitch.h"
-#include "tests/phone/ActionCounter.h"
+#include "tests/phone/EventNumbers.h"
 #include "tests/phone/PhoneTest.h"
 #include "tests/phone/Picture.h"
 
@@ -65,6 +65,15 @@ TEST_F(Switch, IsTurnedBackByASecondTouch) {
 
     EXPECT_FALSE(toggle.isOn());
     EXPECT_EQ(changes->number, 2);
+}
+
+// Holds: control-event-numbers
+TEST_F(Switch, SendsTheEventOfAChangeByItsNumber) {
+    EventNumbers events(toggle);
+
+    tap(250, 115);
+
+    EXPECT_TRUE(events.take().contains(4096));
 }
 
 // Holds: switch-in-code

@@ -1,7 +1,9 @@
 #include "phone/uikit/TableView.h"
 
 #include "phone/foundation/Text.h"
+#include "phone/uikit/Compositor.h"
 #include "platform/uikit/UIControl.h"
+#include "tests/phone/ActionCounter.h"
 #include "tests/phone/PhoneTest.h"
 
 namespace {
@@ -19,12 +21,14 @@ public:
             .def<"tableView:heightForRowAtIndexPath:", &Rows::heightForRow>()
             .def<"tableView:shouldHighlightRowAtIndexPath:", &Rows::shouldHighlight>()
             .def<"tableView:willSelectRowAtIndexPath:", &Rows::willSelect>()
-            .def<"tableView:didSelectRowAtIndexPath:", &Rows::didSelect>();
+            .def<"tableView:didSelectRowAtIndexPath:", &Rows::didSelect>()
+            .def<"tableView:accessoryButtonTappedForRowWithIndexPath:", &Rows::accessoryTapped>();
     }
 
     objc::Int count = 3;
     CGFloat height = 44;
     bool givesCells = true;
+    bool writesTexts = true;
     int made = 0;
     int heights = 0;
     Entries entries;
@@ -43,7 +47,9 @@ private:
             cell = UITableViewCell::with(0, "Cell"_ns);
             ++made;
         }
-        cell.textLabel().setText(phone::string("row " + std::to_string(path.row())));
+        if (writesTexts) {
+            cell.textLabel().setText(phone::string("row " + std::to_string(path.row())));
+        }
         return cell;
     }
     CGFloat heightForRow(const UITableView&, const NSIndexPath&) {
@@ -62,6 +68,7 @@ private:
         return path;
     }
     void didSelect(const UITableView&, const NSIndexPath& path) { add("didSelect", path); }
+    void accessoryTapped(const UITableView&, const NSIndexPath& path) { add("accessory", path); }
 };
 
 /// One section, "Section", of one row.
@@ -105,6 +112,7 @@ protected:
     UITableView table;
 };
 
+// Holds: table-cells-wait-for-layout
 TEST_F(TableView, AsksForCellsInLayoutAlone) {
     advance(0);
     EXPECT_TRUE(rows->asked.empty());
@@ -114,7 +122,7 @@ TEST_F(TableView, AsksForCellsInLayoutAlone) {
     EXPECT_EQ(rows->asked, (std::vector<objc::Int>{0, 1, 2}));
 }
 
-// Holds: table-cells-in-sight
+// Holds: table-cells-in-sight, table-heights-of-all-rows
 TEST_F(TableView, AsksForTheHeightOfEveryRowButForVisibleCellsAlone) {
     rows->count = 100;
     show();
@@ -136,12 +144,20 @@ TEST_F(TableView, KnowsOnlyCellsInSight) {
     EXPECT_FALSE(table.indexPathForCell(UITableViewCell::with(0, nullptr)));
 }
 
+// Holds: reused-cells-keep-everything
 TEST_F(TableView, UsesCellsAgainAsTheyWere) {
     rows->count = 100;
     show();
-    cell(0).setAccessoryType(UITableViewCellAccessoryType::Checkmark);
-    cell(0).setTag(7);
     const auto first = cell(0);
+    const auto accessory = objc::make<UIControl, "initWithFrame:">(CGRect(0, 0, 50, 30));
+    const auto presses = countValueChanges(accessory);
+    const auto picture = UIImage::withContentsOfFile("/Library/Quorvan/arrow.png"_ns);
+    ASSERT_TRUE(picture);
+    first.setAccessoryType(UITableViewCellAccessoryType::Checkmark);
+    first.setAccessoryView(accessory);
+    first.imageView().setImage(picture);
+    first.setTag(7);
+    rows->writesTexts = false;
 
     table.setContentOffset({0, 88});
     advance(0);
@@ -150,18 +166,28 @@ TEST_F(TableView, UsesCellsAgainAsTheyWere) {
     const auto path = table.indexPathForCell(first);
     ASSERT_TRUE(path);
     EXPECT_GE(path.row(), 5);
+    EXPECT_EQ(phone::text(first.textLabel().text()), "row 0");
     EXPECT_EQ(first.accessoryType(), UITableViewCellAccessoryType::Checkmark);
+    EXPECT_EQ(first.accessoryView(), accessory);
+    EXPECT_EQ(first.imageView().image(), picture);
     EXPECT_EQ(first.tag(), 7);
+    accessory.sendActions(UIControlEventValueChanged);
+    EXPECT_EQ(presses->number, 1);
 }
 
+// Holds: reused-cells-keep-everything
 TEST_F(TableView, HasNoCellToUseAgainAtFirst) { EXPECT_FALSE(table.dequeue("Cell"_ns)); }
 
+// Holds: table-without-a-cell-raises
 TEST_F(TableView, RaisesWhenTheDataSourceGivesNoCell) {
     expectLogged("exception");
     rows->givesCells = false;
     screen.addSubview(table);
 
     EXPECT_THROW(advance(0), phone::ScreenError);
+
+    ASSERT_EQ(log("exception").size(), 1U);
+    EXPECT_EQ(log("exception").front().at("name"), "NSInternalInconsistencyException");
 }
 
 // Holds: row-height
@@ -200,6 +226,7 @@ TEST_F(TableView, DoesNotSelectWhenTheFingerMovesAway) {
     EXPECT_FALSE(table.indexPathForSelectedRow());
 }
 
+// Holds: table-selects-again
 TEST_F(TableView, SelectsASelectedRowAgain) {
     show();
     tap(100, 50);
@@ -232,6 +259,21 @@ TEST_F(TableView, CallsNoDelegateForASelectionInCode) {
     EXPECT_TRUE(rows->take().empty());
 }
 
+// Holds: reload-clears-the-selection
+TEST_F(TableView, ForgetsTheFingersRowWhenItReloads) {
+    show();
+    touch(Phase::Began, 100, 50);
+    rows->take();
+
+    run([&] { table.reloadData(); });
+    EXPECT_FALSE((cell(1).send<"isHighlighted", bool>()));
+    touch(Phase::Ended, 100, 50);
+
+    EXPECT_TRUE(rows->take().empty());
+    EXPECT_FALSE(table.indexPathForSelectedRow());
+}
+
+// Holds: reload-clears-the-selection
 TEST_F(TableView, ForgetsTheSelectionWhenItReloads) {
     show();
     tap(100, 50);
@@ -256,6 +298,7 @@ TEST_F(TableView, ShowsNewTextAfterAReload) {
     EXPECT_FALSE(isVisible("row 2"));
 }
 
+// Holds: accessory-view-is-placed
 TEST_F(TableView, PlacesAnAccessoryViewItself) {
     show();
     const auto accessory = UIView::withFrame({103, 0, 150, 28});
@@ -277,16 +320,22 @@ TEST_F(TableView, TouchesOnAnAccessoryViewSelectTheRow) {
     EXPECT_EQ(rows->take().back(), "didSelect 0");
 }
 
+// Holds: control-as-accessory
 TEST_F(TableView, AControlAsAccessoryKeepsItsTouchesToItself) {
     show();
-    cell(0).setAccessoryView(objc::make<UIControl, "initWithFrame:">(CGRect(0, 0, 50, 30)));
+    const auto control = objc::make<UIControl, "initWithFrame:">(CGRect(0, 0, 50, 30));
+    const auto presses = objc::Ref<ActionCounter>::make();
+    control.addTarget(presses, objc::selector<"count:">(), UIControlEventTouchUpInside);
+    cell(0).setAccessoryView(control);
     advance(0);
 
     tap(250, 22);
 
-    EXPECT_TRUE(rows->take().empty());
+    EXPECT_EQ(presses->number, 1);
+    EXPECT_TRUE(rows->take().empty()); // neither the row nor its accessory button was tapped
 }
 
+// Holds: accessory-of-one-cell
 TEST_F(TableView, AnAccessoryViewMovesToTheCellThatTookItLast) {
     show();
     const auto accessory = UIView::withFrame({0, 0, 20, 20});
@@ -296,6 +345,7 @@ TEST_F(TableView, AnAccessoryViewMovesToTheCellThatTookItLast) {
     advance(0);
 
     EXPECT_TRUE(accessory.isDescendantOfView(cell(1)));
+    EXPECT_FALSE(accessory.isDescendantOfView(cell(0)));
 }
 
 // Holds: accessory-view-wins
@@ -320,6 +370,7 @@ TEST_F(TableView, HasTheSuperviewsOfItsSystem) {
     EXPECT_TRUE(cell(0).superview().superview() == table);
 }
 
+// Holds: cell-look
 TEST_F(TableView, StartsItsTexts15PointsFromTheLeft) {
     show();
 
@@ -329,6 +380,7 @@ TEST_F(TableView, StartsItsTexts15PointsFromTheLeft) {
     EXPECT_TRUE(cell(0).backgroundColor().isEqual(UIColor::white()));
 }
 
+// Holds: scrolling-off-stops-the-finger
 TEST_F(TableView, WithScrollingOffIsStillMovedByCode) {
     rows->count = 100;
     table.setScrollEnabled(false);
@@ -356,6 +408,20 @@ TEST_F(TableView, DraggingTakesTheFingerFromTheRow) {
 
     EXPECT_EQ(table.contentOffset().y, 44);
     EXPECT_EQ(rows->take(), Entries{"shouldHighlight 3"});
+}
+
+// Holds: lines-of-empty-rows
+TEST_F(TableView, DrawsTheLinesOfEmptyRowsUnlessItHasAFooter) {
+    rows->count = 1;
+    show();
+    const auto lineAt = [&](double y) { return phone::pictureOfScreen()->pixel(200, static_cast<int>(y * 2) - 1); };
+
+    EXPECT_EQ(lineAt(3 * 44), lineAt(44)); // as below the row that there is
+    EXPECT_NE(lineAt(3 * 44), lineAt(3 * 44 - 10));
+    table.send<"setTableFooterView:">(UIView::withFrame({}));
+    advance(0);
+
+    EXPECT_EQ(lineAt(3 * 44), lineAt(3 * 44 - 10));
 }
 
 TEST_F(TableView, DescribesItsCellsInTheTree) {

@@ -44,7 +44,7 @@ TEST_F(TabletKeyboard, TypesByTouch) {
     tapOn("ABC");
     tapOn("Q");
 
-    EXPECT_EQ(typed(), "hi. 7€q");
+    EXPECT_EQ(typed(), "Hi. 7€q");
 }
 
 TEST_F(TabletKeyboard, HasItsBackspaceAtTheEndOfTheFirstRow) {
@@ -58,6 +58,7 @@ TEST_F(TabletKeyboard, HasItsBackspaceAtTheEndOfTheFirstRow) {
 
 TEST_F(TabletKeyboard, HasShiftAtBothEndsOfTheThirdRow) {
     start();
+    type("x");
 
     tap(10, 920);
     tapOn("A");
@@ -65,7 +66,7 @@ TEST_F(TabletKeyboard, HasShiftAtBothEndsOfTheThirdRow) {
     tapOn("B");
     tapOn("C");
 
-    EXPECT_EQ(typed(), "ABc");
+    EXPECT_EQ(typed(), "xABc");
 }
 
 TEST_F(TabletKeyboard, GoesAwayByItsLastKey) {

@@ -2,6 +2,7 @@
 
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIGestureRecognizer.h"
+#include "platform/uikit/UITableView.h"
 
 namespace {
 
@@ -45,6 +46,24 @@ private:
     void began(const NSSet&, const UIEvent&) { ++begins; }
     void ended(const NSSet&, const UIEvent&) { ++ends; }
     void cancelled(const NSSet&, const UIEvent&) { ++cancels; }
+};
+
+/// One row, and how often it was selected.
+class OneRow : public objc::Defines<OneRow, NSObject> {
+public:
+    static constexpr auto objc_name = "TestTapOneRow";
+    static void define(objc::ClassTable<OneRow>& c) {
+        c.def<"tableView:numberOfRowsInSection:", &OneRow::numberOfRows>()
+            .def<"tableView:cellForRowAtIndexPath:", &OneRow::cellForRow>()
+            .def<"tableView:didSelectRowAtIndexPath:", &OneRow::didSelect>();
+    }
+
+    int selections = 0;
+
+private:
+    objc::Int numberOfRows(const UITableView&, objc::Int) { return 1; }
+    UITableViewCell cellForRow(const UITableView&, const NSIndexPath&) { return UITableViewCell::with(0, nullptr); }
+    void didSelect(const UITableView&, const NSIndexPath&) { ++selections; }
 };
 
 class TapGestureRecognizer : public PhoneTest {
@@ -109,6 +128,7 @@ TEST_F(TapGestureRecognizer, OfTheHitViewAloneFiresWhenSeveralAreStacked) {
     EXPECT_EQ(inFront->taps, 1);
 }
 
+// Holds: deeper-tap-wins
 TEST_F(TapGestureRecognizer, OfTheDeeperViewWins) {
     const auto inside = UIView::withFrame({0, 0, 100, 60});
     view.addSubview(inside);
@@ -121,6 +141,7 @@ TEST_F(TapGestureRecognizer, OfTheDeeperViewWins) {
     EXPECT_EQ(target->taps, 0);
 }
 
+// Holds: tap-cancels-the-views-touches
 TEST_F(TapGestureRecognizer, CancelsTheTouchesOfTheView) {
     const auto touched = objc::Ref<Touched>::make();
     objc::as<UIView>(touched).setFrame({0, 0, 100, 60});
@@ -132,6 +153,23 @@ TEST_F(TapGestureRecognizer, CancelsTheTouchesOfTheView) {
     EXPECT_EQ(touched->begins, 1);
     EXPECT_EQ(touched->ends, 0);
     EXPECT_EQ(touched->cancels, 1);
+}
+
+// Holds: tap-cancels-the-views-touches
+TEST_F(TapGestureRecognizer, OnAParentKeepsATableFromSelectingARow) {
+    const auto rows = objc::Ref<OneRow>::make();
+    const auto table = UITableView::withFrame({0, 0, 320, 60}, UITableViewStyle::Plain);
+    table.setDataSource(rows);
+    table.setDelegate(rows);
+    run([&] { view.addSubview(table); });
+
+    tap(50, 120);
+    EXPECT_EQ(target->taps, 1);
+    EXPECT_EQ(rows->selections, 0);
+    recognizer.setEnabled(false);
+    tap(50, 120);
+
+    EXPECT_EQ(rows->selections, 1);
 }
 
 TEST_F(TapGestureRecognizer, LeavesTheViewItsTouchesWhenToldTo) {
@@ -172,9 +210,19 @@ TEST_F(TapGestureRecognizer, OnAParentComesBeforeAPlainControl) {
     EXPECT_EQ(target->presses, 0);
 }
 
-TEST_F(TapGestureRecognizer, FailsWhenTheFingerMoves) {
+// Holds: tap-may-wander
+TEST_F(TapGestureRecognizer, LetsTheFingerWanderBy45Points) {
     touch(Phase::Began, 50, 130);
-    touch(Phase::Moved, 70, 130);
+    touch(Phase::Moved, 94, 130);
+    touch(Phase::Ended, 94, 130);
+
+    EXPECT_EQ(target->taps, 1);
+}
+
+// Holds: tap-may-wander
+TEST_F(TapGestureRecognizer, FailsWhenTheFingerWandersFarther) {
+    touch(Phase::Began, 50, 130);
+    touch(Phase::Moved, 96, 130);
     touch(Phase::Ended, 50, 130);
 
     EXPECT_EQ(target->taps, 0);

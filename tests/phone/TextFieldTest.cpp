@@ -3,6 +3,7 @@
 #include "phone/uikit/Compositor.h"
 #include "phone/uikit/Keyboard.h"
 #include "tests/phone/EditingRecorder.h"
+#include "tests/phone/EventNumbers.h"
 #include "tests/phone/PhoneTest.h"
 #include "tests/phone/Picture.h"
 
@@ -75,6 +76,7 @@ TEST_F(TextField, EndsInThePlatformsOrder) {
     EXPECT_EQ(recorder->take(), (Entries{"shouldEnd first", "WillHide", "didEnd first", "DidHide"}));
 }
 
+// Holds: focus-moves-with-the-keyboard
 TEST_F(TextField, KeepsTheKeyboardWhenTheFocusMoves) {
     first.becomeFirstResponder();
     settle();
@@ -121,6 +123,7 @@ TEST_F(TextField, EndsForGoodWhenEditingIsEndedByForce) {
     EXPECT_EQ(recorder->take().back(), "didEnd first");
 }
 
+// Holds: no-focus-outside-a-window
 TEST_F(TextField, DoesNotBeginOutsideAWindow) {
     first.removeFromSuperview();
 
@@ -252,6 +255,18 @@ TEST_F(TextField, SendsItsTargetsTheEventsOfEditing) {
     EXPECT_EQ(recorder->take(), Entries{"edited first"});
 }
 
+// Holds: control-event-numbers
+TEST_F(TextField, SendsTheEventsOfEditingByTheirNumbers) {
+    EventNumbers events(first);
+
+    first.becomeFirstResponder();
+    EXPECT_EQ(events.take(), std::set<unsigned>{65536});
+    type("a");
+    EXPECT_EQ(events.take(), std::set<unsigned>{131072});
+    key("enter");
+    EXPECT_EQ(events.take(), (std::set<unsigned>{262144, 524288}));
+}
+
 TEST_F(TextField, PutsTheCaretWhereItIsTouched) {
     first.setText("abc"_ns);
 
@@ -303,21 +318,24 @@ TEST_F(TextField, DrawsItsPlaceholderInGreyUntilThereIsText) {
     // The darkest spot of what the field shows.
     auto darkest = [&] {
         const auto picture = phone::pictureOfScreen();
-        unsigned found = 0xff;
+        unsigned found = 0xffffffff;
         for (int y = 2 * 50; y < 2 * 80; ++y) {
             for (int x = 2 * 20; x < 2 * 220; ++x) {
-                found = std::min(found, picture->pixel(x, y) & 0xff);
+                found = std::min(found, picture->pixel(x, y));
             }
         }
         return found;
     };
-    EXPECT_EQ(darkest(), 0xffU);
+    EXPECT_EQ(darkest(), 0xffffffffU);
 
     first.setPlaceholder("MMMM"_ns);
-    EXPECT_NEAR(darkest(), 0.7 * 0xff, 1);
+    const unsigned grey = darkest();
+    EXPECT_NEAR((grey >> 16) & 0xff, 0.78 * 0xff, 1);
+    EXPECT_NEAR((grey >> 8) & 0xff, 0.78 * 0xff, 1);
+    EXPECT_NEAR(grey & 0xff, (0.78 + 0.22 * 0.098) * 0xff, 1); // a little bluer than grey
     first.setText("MMMM"_ns);
 
-    EXPECT_EQ(darkest(), 0U);
+    EXPECT_EQ(darkest(), 0xff000000U);
 }
 
 } // namespace

@@ -5,6 +5,26 @@
 
 using Lines = std::vector<std::string>;
 
+namespace {
+
+/// Sets no view when it is to load one.
+class Viewless : public objc::Defines<Viewless, UIViewController> {
+public:
+    static constexpr auto objc_name = "ViewlessController";
+    static void define(objc::ClassTable<Viewless>& c) {
+        c.overrides<"loadView", &Viewless::loadView>().overrides<"viewDidLoad", &Viewless::viewDidLoad>();
+    }
+
+    int loads = 0;
+    int loaded = 0;
+
+private:
+    void loadView() { ++loads; }
+    void viewDidLoad() { ++loaded; }
+};
+
+} // namespace
+
 class ViewController : public PhoneTest {
 protected:
     ViewController() { useClassesOnly(); }
@@ -22,6 +42,17 @@ TEST_F(ViewController, LoadsItsViewWhenItIsFirstAskedFor) {
 
     EXPECT_TRUE(view);
     EXPECT_EQ(takeProbed(), (Lines{"a loadView", "a viewDidLoad"}));
+}
+
+// Holds: did-load-without-a-view
+TEST_F(ViewController, HasLoadedEvenWhereNoViewWasSet) {
+    boot();
+    const auto viewless = objc::Ref<Viewless>::make();
+
+    EXPECT_FALSE(objc::as<UIViewController>(viewless).view());
+
+    EXPECT_EQ(viewless->loads, 1);
+    EXPECT_EQ(viewless->loaded, 1);
 }
 
 TEST_F(ViewController, HasTheScreensPortraitBoundsWhenItsViewHasLoaded) {
