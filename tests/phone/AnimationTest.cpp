@@ -61,6 +61,7 @@ public:
     bool finished = false;
 };
 
+// Trap: completion-comes-later
 TEST_F(Animation, SetsTheViewsOwnValueAtOnce) {
     fade(0.3, 0, 0);
 
@@ -106,6 +107,7 @@ TEST_F(Animation, CompletesWhenItsTimeHasPassed) {
     EXPECT_TRUE(finished);
 }
 
+// Trap: completion-comes-later
 // Holds: completion-never-inline
 TEST_F(Animation, CompletesInTheNextCycleWhenItsDurationIsZero) {
     fade(0, 0, 0);
@@ -114,6 +116,7 @@ TEST_F(Animation, CompletesInTheNextCycleWhenItsDurationIsZero) {
     EXPECT_TRUE(finished);
 }
 
+// Trap: completion-comes-later
 TEST_F(Animation, CompletesInTheNextCycleWhenNothingChanged) {
     view.setAlpha(0);
 
@@ -150,6 +153,7 @@ TEST_F(Animation, CompletesUnfinishedWhenItsViewLeaves) {
     EXPECT_FALSE(finished);
 }
 
+// Trap: touches-pass-by
 // Holds: animating-views-take-no-touch
 TEST_F(Animation, KeepsTouchesOffItsViewsItsDelayIncluded) {
     run([&] {

@@ -94,6 +94,7 @@ TEST_F(DatePicker, StandsWithItsWheelsInTheMiddleOfANarrowerFrame) {
     EXPECT_EQ(attribute(findClass("UIDatePicker").first_child(), "frame"), "-15 0 320 216");
 }
 
+// Trap: picker-keeps-seconds
 // Holds: picker-keeps-the-raw-date
 TEST_F(DatePicker, KeepsADateAsItIsSetUntilAWheelIsTurned) {
     picker().setDate(at(march5 + 13));
@@ -113,6 +114,7 @@ TEST_F(DatePicker, KeepsTheDateWhenAWheelComesBackToItsRow) {
     EXPECT_EQ(changes(), 0);
 }
 
+// Trap: controls-in-code-are-silent
 TEST_F(DatePicker, SendsNothingWhenCodeSetsTheDate) {
     picker().setDate(at(march5 + 3600));
     picker().setDate(at(march5 + 7200), true);

@@ -96,6 +96,7 @@ TEST_F(NavigationController, KeepsTheOrderWithoutAnimation) {
     EXPECT_FALSE(Probe::wasAnimated);
 }
 
+// Trap: push-returns-before-the-view
 TEST_F(NavigationController, ChangesItsStackAtOnceAndLoadsTheViewLater) {
     show();
     const auto next = Probe::with("next");

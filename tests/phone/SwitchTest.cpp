@@ -25,6 +25,7 @@ protected:
 
 } // namespace
 
+// Trap: controls-in-code-are-silent
 // Holds: switch-size
 TEST_F(Switch, KeepsItsOriginAndHasASizeOfItsOwn) {
     EXPECT_EQ(toggle.frame(), CGRect(227, 100, 51, 31));
@@ -67,6 +68,7 @@ TEST_F(Switch, IsTurnedBackByASecondTouch) {
     EXPECT_EQ(changes->number, 2);
 }
 
+// Trap: controls-in-code-are-silent
 // Holds: switch-in-code
 TEST_F(Switch, SendsNoActionWhenCodeTurnsIt) {
     toggle.setOn(true);

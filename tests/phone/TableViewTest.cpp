@@ -124,6 +124,7 @@ TEST_F(TableView, AsksForTheHeightOfEveryRowButForVisibleCellsAlone) {
     EXPECT_EQ(table.contentSize().height, 4400);
 }
 
+// Trap: no-cell-out-of-sight
 // Holds: table-knows-cells-in-sight
 TEST_F(TableView, KnowsOnlyCellsInSight) {
     rows->count = 100;
@@ -136,6 +137,7 @@ TEST_F(TableView, KnowsOnlyCellsInSight) {
     EXPECT_FALSE(table.indexPathForCell(UITableViewCell::with(0, nullptr)));
 }
 
+// Trap: cells-come-back-as-they-were
 TEST_F(TableView, UsesCellsAgainAsTheyWere) {
     rows->count = 100;
     show();
@@ -220,6 +222,7 @@ TEST_F(TableView, HasOneSelectedRowAtMost) {
     EXPECT_FALSE(cell(1).isSelected());
 }
 
+// Trap: selection-in-code-is-silent
 // Holds: table-selection-in-code
 TEST_F(TableView, CallsNoDelegateForASelectionInCode) {
     show();
@@ -232,6 +235,7 @@ TEST_F(TableView, CallsNoDelegateForASelectionInCode) {
     EXPECT_TRUE(rows->take().empty());
 }
 
+// Trap: selection-in-code-is-silent
 TEST_F(TableView, ForgetsTheSelectionWhenItReloads) {
     show();
     tap(100, 50);
@@ -256,6 +260,7 @@ TEST_F(TableView, ShowsNewTextAfterAReload) {
     EXPECT_FALSE(isVisible("row 2"));
 }
 
+// Trap: accessory-view-is-moved
 TEST_F(TableView, PlacesAnAccessoryViewItself) {
     show();
     const auto accessory = UIView::withFrame({103, 0, 150, 28});
@@ -309,6 +314,7 @@ TEST_F(TableView, AnAccessoryViewWinsOverTheType) {
     EXPECT_EQ(countClass("UITableViewCellAccessoryMark"), 0);
 }
 
+// Trap: accessory-view-is-moved
 // Holds: cell-superviews
 TEST_F(TableView, HasTheSuperviewsOfItsSystem) {
     show();
