@@ -69,6 +69,7 @@ TEST_F(AccessTest, TheFirstRequestAsksThePersonAndNothingIsAnsweredBefore) {
     EXPECT_EQ(answer.count, 0);
 }
 
+// Trap: access-answers-later
 // Holds: access-is-asynchronous
 TEST_F(AccessTest, ThePersonsYesIsAnsweredOnceOnAThreadOfItsOwnAndRemembered) {
     request();
@@ -179,6 +180,7 @@ TEST_F(AccessTest, AStoreMadeBeforeTheGrantSeesItsListsInsideTheCompletion) {
     EXPECT_TRUE(answer.hasDefault);
 }
 
+// Trap: access-answers-later
 TEST_F(AccessTest, ALateAnswerIsNeverInlineAndComesWhenTheLoopRests) {
     useReminders(Access::Allow);
     int whileAsking = -1;

@@ -51,6 +51,7 @@ protected:
 
 } // namespace
 
+// Trap: calendars-in-the-stores-order
 // Holds: calendars-unordered
 TEST_F(EventTest, CalendarsComeInTheStoresOrderTheReadOnlyOnesAmongThem) {
     useEvents(Access::Allow, {{"Zebra"}, {"Fixed", false, true}, {"Apple", true}});
@@ -65,6 +66,7 @@ TEST_F(EventTest, CalendarsComeInTheStoresOrderTheReadOnlyOnesAmongThem) {
     EXPECT_EQ(phone::text(store.defaultCalendarForNewEvents().title()), "Apple");
 }
 
+// Trap: calendars-in-the-stores-order
 // Holds: defaults-may-be-nil
 TEST_F(EventTest, TheDefaultCalendarIsNilWhereNoneIsTheDefault) {
     useEvents(Access::Allow, {{"One"}});
@@ -175,6 +177,7 @@ TEST_F(EventTest, SpansAreThisEventAndFutureEvents) {
     EXPECT_EQ(events().size(), 2u);
 }
 
+// Trap: unchanged-event-says-no
 // Holds: unchanged-event
 TEST_F(EventTest, SavingAnUnchangedEventAnswersNoWithoutAnError) {
     const auto store = eventStore();
@@ -196,6 +199,7 @@ TEST_F(EventTest, SavingAnUnchangedEventAnswersNoWithoutAnError) {
     EXPECT_EQ(saved().alarms.at(0).offset, -60);
 }
 
+// Trap: stores-do-not-mix
 // Holds: objects-of-another-store
 TEST_F(EventTest, ObjectsOfAnotherStoreRaise) {
     const auto store = eventStore();
@@ -339,6 +343,7 @@ TEST_F(EventTest, WithoutCommitItWaitsAndAResetEndsAllObjects) {
     EXPECT_EQ(failure(store, event(store)), std::nullopt);
 }
 
+// Trap: no-alarm-by-itself
 // Holds: relative-alarms
 TEST_F(EventTest, AlarmsAreAtTheStartOrBeforeItOrAtADate) {
     const auto store = eventStore();

@@ -39,6 +39,7 @@ protected:
 
 } // namespace
 
+// Trap: recurrence-without-a-number
 // Holds: recurrence-numbers
 TEST_F(RecurrenceTest, EachFrequencyIsSavedWithItsInterval) {
     const auto store = this->store();

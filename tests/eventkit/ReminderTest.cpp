@@ -12,6 +12,7 @@ class ReminderTest : public StoreTest {};
 
 } // namespace
 
+// Trap: calendars-in-the-stores-order
 TEST_F(ReminderTest, ListsComeInTheStoresOrderTheSameAtEveryCall) {
     useReminders(Access::Allow, {{"Zebra"}, {"Apple", true}, {"Mango"}});
     const auto store = this->store();
@@ -31,6 +32,7 @@ TEST_F(ReminderTest, ReadOnlyCalendarsAreListedAndSaySo) {
     EXPECT_FALSE(calendars.at<EKCalendar>(2).allowsContentModifications());
 }
 
+// Trap: calendars-in-the-stores-order
 TEST_F(ReminderTest, TheDefaultListIsNilWhereNoneIsTheDefault) {
     useReminders(Access::Allow, {{"One"}, {"Two"}});
     const auto store = this->store();
@@ -49,6 +51,7 @@ TEST_F(ReminderTest, ACalendarIsNeitherADictionarysKeyNorAPropertyList) {
     EXPECT_FALSE(exists("/Library/Quorvan/RemindersID.plist"));
 }
 
+// Trap: no-alarm-by-itself
 TEST_F(ReminderTest, ANewOneHasNoCalendarAnEmptyTitleAndNoAlarms) {
     const auto made = EKReminder::withEventStore(allowedStore());
 
@@ -99,6 +102,7 @@ TEST_F(ReminderTest, AnEmptyTitleIsSaved) {
     EXPECT_EQ(reminders()[0].item.title, "");
 }
 
+// Trap: due-date-alone
 // Holds: due-without-start
 TEST_F(ReminderTest, ADueDateWithoutAStartDateFails) {
     const auto store = allowedStore();
@@ -160,6 +164,7 @@ TEST_F(ReminderTest, PrioritiesOutsideZeroToNineFail) {
     EXPECT_EQ(saved[3].item.priority, 9);
 }
 
+// Trap: stores-do-not-mix
 // Holds: objects-of-another-store
 TEST_F(ReminderTest, ObjectsOfAnotherStoreRaise) {
     const auto store = allowedStore();
@@ -173,6 +178,7 @@ TEST_F(ReminderTest, ObjectsOfAnotherStoreRaise) {
     EXPECT_TRUE(reminders().empty());
 }
 
+// Trap: other-calendars-years
 // Holds: gregorian-components
 TEST_F(ReminderTest, ComponentsOfAnotherCalendarRaise) {
     const auto made = reminder(allowedStore());
@@ -298,6 +304,7 @@ TEST_F(ReminderTest, AListThatIsGoneFailsWithAnInternalFailure) {
     EXPECT_EQ(failure(store, made), 5);
 }
 
+// Trap: no-alarm-by-itself
 // Holds: relative-alarms
 TEST_F(ReminderTest, RelativeAlarmsAreNeverAfterTheStart) {
     boot();

@@ -21,6 +21,7 @@ protected:
     }
 };
 
+// Trap: what-is-missing-is-nil
 // Holds: bundle-of-a-path
 TEST_F(BundleTest, APathThatIsMissingOrAFileGivesNil) {
     put("/Library/Quorvan/file", "x");

@@ -248,6 +248,7 @@ TEST_F(NoteContextTest, NothingStaysAliveAfterItsContext) {
     }
 }
 
+// Trap: what-is-missing-is-nil
 // Holds: notes-classes
 TEST_F(NoteContextTest, TheClassesAreFoundByTheirNamesOnceTheFrameworkIsLoaded) {
     EXPECT_EQ(objc_getClass("NoteContext"), nullptr);

@@ -158,6 +158,7 @@ TEST_F(ActivityViewController, LeavesOutWhatIsExcluded) {
     EXPECT_TRUE(find("One"));
 }
 
+// Holds: exclusion-by-type
 TEST_F(ActivityViewController, CannotExcludeAnActivityWithoutAType) {
     boot();
     const auto deed = Deed::with("One");
@@ -211,7 +212,8 @@ TEST_F(ActivityViewController, TellsNobodyBeneath) {
     EXPECT_EQ(takeProbed(), Lines{"handler nil no"});
 }
 
-// Holds: activity-prepares-first
+// Trap: performed-or-presented
+// Holds: activity-prepares-first, controller-asked-for-once
 TEST_F(ActivityViewController, PreparesAndThenPresentsTheActivitysController) {
     boot();
     const auto deed = Deed::with("One");
@@ -254,6 +256,7 @@ TEST_F(ActivityViewController, GoesWithTheActivitysControllerWhenThatHasFinished
     EXPECT_TRUE(lower.view().window());
 }
 
+// Trap: performed-or-presented
 TEST_F(ActivityViewController, FinishesOnceAndCountsTheRest) {
     boot();
     const auto deed = Deed::with("One");

@@ -116,6 +116,7 @@ public:
 };
 
 // Holds: animated-value-at-once
+// Trap: completion-comes-later
 TEST_F(Animation, SetsTheViewsOwnValueAtOnce) {
     fade(0.3, 0, 0);
 
@@ -162,6 +163,7 @@ TEST_F(Animation, CompletesWhenItsTimeHasPassed) {
     EXPECT_TRUE(finished);
 }
 
+// Trap: completion-comes-later
 // Holds: completion-never-inline
 TEST_F(Animation, CompletesInTheNextCycleWhenItsDurationIsZero) {
     fade(0, 0, 0);
@@ -171,6 +173,7 @@ TEST_F(Animation, CompletesInTheNextCycleWhenItsDurationIsZero) {
 }
 
 // Holds: completion-early-without-changes
+// Trap: completion-comes-later
 TEST_F(Animation, CompletesInTheNextCycleWhenNothingChanged) {
     view.setAlpha(0);
 
@@ -209,6 +212,7 @@ TEST_F(Animation, CompletesUnfinishedWhenItsViewLeaves) {
     EXPECT_FALSE(finished);
 }
 
+// Trap: touches-pass-by
 // Holds: animating-views-take-no-touch
 TEST_F(Animation, KeepsTouchesOffItsViewsItsDelayIncluded) {
     run([&] {

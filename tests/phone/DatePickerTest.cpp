@@ -129,6 +129,7 @@ TEST_F(DatePicker, StandsWithItsWheelsInTheMiddleOfANarrowerFrame) {
     EXPECT_EQ(attribute(findClass("UIDatePicker").first_child(), "frame"), "-15 0 320 216");
 }
 
+// Trap: picker-keeps-seconds
 // Holds: picker-keeps-the-raw-date
 TEST_F(DatePicker, KeepsADateAsItIsSetUntilAWheelIsTurned) {
     picker().setDate(at(march5 + 13));
@@ -149,6 +150,7 @@ TEST_F(DatePicker, KeepsTheDateWhenAWheelComesBackToItsRow) {
 }
 
 // Holds: picker-in-code
+// Trap: controls-in-code-are-silent
 TEST_F(DatePicker, SendsNothingWhenCodeSetsTheDate) {
     picker().setDate(at(march5 + 3600));
     picker().setDate(at(march5 + 7200), true);

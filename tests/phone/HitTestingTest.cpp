@@ -52,6 +52,7 @@ TEST_F(HitTesting, SkipsViewsThatTakeNoInteraction) {
     EXPECT_EQ(hit(60, 60), back);
 }
 
+// Trap: touches-pass-by
 // Holds: hit-skips-what-takes-no-touch
 TEST_F(HitTesting, SkipsAnAlphaOfOneHundredth) {
     front.setAlpha(0.01);
@@ -61,6 +62,7 @@ TEST_F(HitTesting, SkipsAnAlphaOfOneHundredth) {
     EXPECT_EQ(hit(60, 60), front);
 }
 
+// Trap: touches-pass-by
 // Holds: clear-views-take-touches
 TEST_F(HitTesting, TakesTouchesWithoutAnyBackground) {
     front.setBackgroundColor(UIColor::clear());
@@ -70,6 +72,7 @@ TEST_F(HitTesting, TakesTouchesWithoutAnyBackground) {
     EXPECT_EQ(hit(60, 60), front);
 }
 
+// Trap: touches-pass-by
 // Holds: outside-the-parent-no-touch
 TEST_F(HitTesting, NeverReachesWhatSticksOutOfItsParent) {
     const auto sticksOut = UIView::withFrame({80, 0, 100, 100});

@@ -147,6 +147,7 @@ TEST_F(NavigationController, KeepsTheOrderWithoutAnimation) {
 }
 
 // Holds: stack-changes-at-once
+// Trap: push-returns-before-the-view
 TEST_F(NavigationController, ChangesItsStackAtOnceAndLoadsTheViewLater) {
     show();
     const auto next = Probe::with("next");

@@ -119,6 +119,7 @@ TEST_F(Presentation, RisesFromTheBottomInFourTenthsOfASecond) {
     EXPECT_FALSE(lower.view().window());
 }
 
+// Trap: presenting-twice-does-nothing
 // Holds: presentation-refused
 TEST_F(Presentation, DoesNothingWhileAnotherOneIsUnderWay) {
     show();

@@ -134,6 +134,7 @@ TEST_F(Rotation, NamesTheInterfaceAfterTheSideOfTheButton) {
     EXPECT_EQ(static_cast<int>(orientation()), 1);
 }
 
+// Trap: rotation-begins-with-old-bounds
 // Holds: rotation-order
 TEST_F(Rotation, IsToldWithTheOldBoundsThenTheNewOnesThenThatItIsOver) {
     show(turner("a"));
@@ -179,6 +180,7 @@ TEST_F(Rotation, FollowsADeviceThatIsTurnedOnAfterTheFirstTurnIsOver) {
     EXPECT_EQ(attribute(tree().child("screen"), "orientation"), "PORTRAIT");
 }
 
+// Trap: rotation-begins-with-old-bounds
 // Holds: screen-stays-upright
 TEST_F(Rotation, LeavesScreenWindowsAndStatusBarFrameUpright) {
     show(turner("a"));
@@ -194,6 +196,7 @@ TEST_F(Rotation, LeavesScreenWindowsAndStatusBarFrameUpright) {
     EXPECT_EQ(UIApplication::shared().statusBarFrame(), CGRect(0, 0, 20, 1024));
 }
 
+// Trap: rotation-begins-with-old-bounds
 // Holds: screen-stays-upright, keyboard-heights
 TEST_F(Rotation, LeavesTheFramesOfTheKeyboardUpright) {
     const auto controller = turner("a");

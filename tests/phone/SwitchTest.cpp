@@ -25,6 +25,7 @@ protected:
 
 } // namespace
 
+// Trap: controls-in-code-are-silent
 // Holds: switch-size
 TEST_F(Switch, KeepsItsOriginAndHasASizeOfItsOwn) {
     EXPECT_EQ(toggle.frame(), CGRect(227, 100, 51, 31));
@@ -76,6 +77,7 @@ TEST_F(Switch, SendsTheEventOfAChangeByItsNumber) {
     EXPECT_TRUE(events.take().contains(4096));
 }
 
+// Trap: controls-in-code-are-silent
 // Holds: switch-in-code
 TEST_F(Switch, SendsNoActionWhenCodeTurnsIt) {
     toggle.setOn(true);

@@ -132,6 +132,7 @@ TEST_F(TableView, AsksForTheHeightOfEveryRowButForVisibleCellsAlone) {
     EXPECT_EQ(table.contentSize().height, 4400);
 }
 
+// Trap: no-cell-out-of-sight
 // Holds: table-knows-cells-in-sight
 TEST_F(TableView, KnowsOnlyCellsInSight) {
     rows->count = 100;
@@ -145,6 +146,7 @@ TEST_F(TableView, KnowsOnlyCellsInSight) {
 }
 
 // Holds: reused-cells-keep-everything
+// Trap: cells-come-back-as-they-were
 TEST_F(TableView, UsesCellsAgainAsTheyWere) {
     rows->count = 100;
     show();
@@ -247,6 +249,7 @@ TEST_F(TableView, HasOneSelectedRowAtMost) {
     EXPECT_FALSE(cell(1).isSelected());
 }
 
+// Trap: selection-in-code-is-silent
 // Holds: table-selection-in-code
 TEST_F(TableView, CallsNoDelegateForASelectionInCode) {
     show();
@@ -274,6 +277,7 @@ TEST_F(TableView, ForgetsTheFingersRowWhenItReloads) {
 }
 
 // Holds: reload-clears-the-selection
+// Trap: selection-in-code-is-silent
 TEST_F(TableView, ForgetsTheSelectionWhenItReloads) {
     show();
     tap(100, 50);
@@ -299,6 +303,7 @@ TEST_F(TableView, ShowsNewTextAfterAReload) {
 }
 
 // Holds: accessory-view-is-placed
+// Trap: accessory-view-is-moved
 TEST_F(TableView, PlacesAnAccessoryViewItself) {
     show();
     const auto accessory = UIView::withFrame({103, 0, 150, 28});
@@ -359,6 +364,7 @@ TEST_F(TableView, AnAccessoryViewWinsOverTheType) {
     EXPECT_EQ(countClass("UITableViewCellAccessoryMark"), 0);
 }
 
+// Trap: accessory-view-is-moved
 // Holds: cell-superviews
 TEST_F(TableView, HasTheSuperviewsOfItsSystem) {
     show();

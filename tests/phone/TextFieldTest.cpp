@@ -35,6 +35,7 @@ protected:
     UITextField second;
 };
 
+// Trap: keyboard-before-or-after
 // Holds: untouched-field-is-empty
 TEST_F(TextField, IsEmptyUntilSomethingIsTyped) {
     EXPECT_TRUE(first.text());
@@ -43,6 +44,7 @@ TEST_F(TextField, IsEmptyUntilSomethingIsTyped) {
     EXPECT_TRUE(first.text());
 }
 
+// Trap: keyboard-before-or-after
 // Holds: editing-order, field-before-the-keyboard
 TEST_F(TextField, BeginsToEditWhenTouched) {
     recorder->observeKeyboard();
@@ -200,6 +202,7 @@ TEST_F(TextField, AsksNothingForABackspaceAtItsStart) {
     EXPECT_TRUE(recorder->take().empty());
 }
 
+// Trap: keyboard-before-or-after
 // Holds: text-in-code-tells-nobody
 TEST_F(TextField, CallsNoDelegateForTextSetInCode) {
     first.setText("abc"_ns);

@@ -39,6 +39,7 @@ TEST_F(TextView, ReadsBackAnEmptyTextForNil) {
     EXPECT_EQ(text(), "");
 }
 
+// Trap: keyboard-before-or-after
 // Holds: text-view-after-the-keyboard
 TEST_F(TextView, ShowsTheKeyboardBeforeItsDelegateIsTold) {
     recorder->observeKeyboard();
@@ -104,6 +105,7 @@ TEST_F(TextView, TakesReturnAsALineBreak) {
     EXPECT_EQ(recorder->take().front(), "change 1+0 '\n'");
 }
 
+// Trap: keyboard-before-or-after
 // Holds: text-in-code-tells-nobody
 TEST_F(TextView, CallsNoDelegateForTextSetInCode) {
     note.setText("abc"_ns);

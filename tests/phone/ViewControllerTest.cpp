@@ -99,6 +99,7 @@ TEST_F(ViewController, IsToldOfItsComingAndGoingWithTheWindow) {
                                    "b didAppear"}));
 }
 
+// Trap: push-returns-before-the-view
 // Holds: will-appear-outside-the-window
 TEST_F(ViewController, IsNotYetInTheWindowWhenItIsAboutToAppear) {
     const UIWindow front = window();

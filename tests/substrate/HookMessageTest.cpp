@@ -173,6 +173,7 @@ TEST_F(HookMessageTest, WithoutAPlaceForThePreviousItStillHooks) {
     EXPECT_EQ(number(objc::Ref<Child>::make()), 50);
 }
 
+// Trap: what-is-missing-is-nil
 // Holds: hook-of-nothing
 TEST_F(HookMessageTest, WhatCannotBeHookedIsAWarningAndLeavesTheResultAlone) {
     const IMP marker = imp(&hundredMore);
