@@ -1,5 +1,6 @@
 #include "phone/flow/CommandReader.h"
 
+#include "phone/device/Orientation.h"
 #include "phone/flow/FlowFile.h"
 #include "phone/flow/LocalTime.h"
 #include "phone/flow/PreferenceReader.h"
@@ -214,9 +215,7 @@ const std::vector<Known>& knownCommands() {
         needs("advance", [](const Yaml& n, const CommandScope&) -> Any { return Advance{n.number("advance", 0)}; }),
         needs("setOrientation",
               [](const Yaml& n, const CommandScope& s) -> Any {
-                  static constexpr std::array<std::string_view, 4> names = {"PORTRAIT", "UPSIDE_DOWN", "LANDSCAPE_LEFT",
-                                                                            "LANDSCAPE_RIGHT"};
-                  return SetOrientation{oneOf(n, "setOrientation", s, names)};
+                  return SetOrientation{oneOf(n, "setOrientation", s, orientationNames)};
               }),
         needs("toggle", looking<Toggle>),
         needs("pickDate", pickDate),
