@@ -91,7 +91,7 @@ ViewController::~ViewController() {
 
 void ViewController::init() {
     // Sent to the object itself: overriding the designated initialiser is enough for a subclass.
-    objc::detail::call<id>(raw(), objc::selector<"initWithNibName:bundle:">(), id(nullptr), id(nullptr));
+    redirect<"initWithNibName:bundle:">(NSString(), NSObject());
 }
 
 void ViewController::initWithNibName(const NSString& nib, const NSObject&) {

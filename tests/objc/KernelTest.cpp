@@ -260,6 +260,44 @@ TEST_F(Kernel, ATakenNameLeavesTheClassQuiet) {
     EXPECT_EQ("text"_ns.length(), 4U);
 }
 
+/// Has nothing to give: its initialiser lets go of the receiver.
+class Refusing : public objc::Defines<Refusing, NSObject> {
+public:
+    static constexpr auto objc_name = "TestRefusing";
+    static void define(objc::ClassTable<Refusing>& c) { c.def<"initWithSide:", &Refusing::initWithSide>(); }
+
+private:
+    NSObject initWithSide(double) {
+        NSObject::release(raw());
+        return nullptr;
+    }
+};
+
+/// Sets itself up after its superclass.
+class Refused : public objc::Defines<Refused, objc::Ref<Refusing>> {
+public:
+    static constexpr auto objc_name = "TestRefused";
+    static void define(objc::ClassTable<Refused>& c) { c.init<"initWithSide:", &Refused::initWithSide>(); }
+
+private:
+    void initWithSide(double side) {
+        super<"initWithSide:">(side);
+        _side = side;
+    }
+
+    double _side = 0;
+};
+
+TEST_F(Kernel, AnInitialiserWhoseSuperclassYieldsNothingYieldsNothing) {
+    {
+        const objc::Pool pool;
+        EXPECT_FALSE((objc::make<objc::Ref<Refused>, "initWithSide:">(2.5)));
+    }
+
+    EXPECT_EQ(Refused::liveCount(), 0);
+    EXPECT_EQ(Refusing::liveCount(), 0);
+}
+
 /// Asks itself something while it is being torn down.
 class Asking : public objc::Defines<Asking, NSObject> {
 public:
