@@ -74,7 +74,7 @@ TEST_F(NoteContextTest, ASavedNoteStandsInTheDatabase) {
     EXPECT_EQ(note.store, "LOCAL_NOTES_ACCOUNT");
     EXPECT_EQ(note.title, "title");
     EXPECT_EQ(note.summary, "summary");
-    EXPECT_EQ(note.body, "milk\neggs");
+    EXPECT_EQ(note.content, "milk\neggs");
     EXPECT_TRUE(note.isPlainText);
     EXPECT_EQ(note.created, now - 978307200);
 }

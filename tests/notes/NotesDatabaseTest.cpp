@@ -39,14 +39,14 @@ protected:
         sqlite3_close(database);
         return all;
     }
-    static NoteRow note(long integerId, const std::string& body) {
+    static NoteRow note(long integerId, const std::string& content) {
         NoteRow row;
         row.storeKey = 1;
         row.integerId = integerId;
         row.isPlainText = true;
         row.title = "title";
         row.summary = "summary";
-        row.body = body;
+        row.content = content;
         row.created = 794414232.5;
         row.modified = 794414233;
         return row;
@@ -95,8 +95,7 @@ TEST_F(NotesDatabaseTest, ANoteReadsBackAsItWasWritten) {
     EXPECT_TRUE(notes[0].isPlainText);
     EXPECT_EQ(notes[0].title, "title");
     EXPECT_EQ(notes[0].summary, "summary");
-    EXPECT_EQ(notes[0].body, "milk\neggs \U0001F600");
-    EXPECT_EQ(notes[0].content, notes[0].body);
+    EXPECT_EQ(notes[0].content, "milk\neggs \U0001F600");
     EXPECT_EQ(notes[0].created, 794414232.5);
     EXPECT_EQ(notes[0].modified, 794414233);
 }
@@ -126,7 +125,7 @@ TEST_F(NotesDatabaseTest, WhatIsMissingIsNull) {
     const auto notes = NotesDatabase(path()).notes();
 
     EXPECT_EQ(notes[0].store, "Mail");
-    EXPECT_FALSE(notes[0].title || notes[0].summary || notes[0].body || notes[0].created || notes[0].modified);
+    EXPECT_FALSE(notes[0].title || notes[0].summary || notes[0].content || notes[0].created || notes[0].modified);
 }
 
 // Holds: notes-local-row

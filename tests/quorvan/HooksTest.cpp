@@ -210,7 +210,7 @@ TEST_F(CallScreenHooks, ACallThatEndsWhileANoteIsOpenLosesNothing) {
     advance(5);
 
     ASSERT_EQ(notes().size(), 1U);
-    EXPECT_EQ(notes()[0].body, "call back on Monday");
+    EXPECT_EQ(notes()[0].content, "call back on Monday");
     EXPECT_EQ(callScreen(), "");
 }
 

@@ -30,7 +30,6 @@ TEST_F(NoteSaving, ATypedNoteStandsInTheStore) {
     const phone::NoteRow note = notes()[0];
     EXPECT_EQ(note.title, "milk");
     EXPECT_EQ(note.content, "milk\neggs");
-    EXPECT_EQ(note.body, "milk\neggs");
     EXPECT_EQ(note.summary, "milk\neggs");
     EXPECT_TRUE(note.isPlainText);
     EXPECT_EQ(note.store, "LOCAL_NOTES_ACCOUNT");
@@ -52,7 +51,6 @@ TEST_F(NoteSaving, ATitleIsPutBeforeTheText) {
     ASSERT_EQ(notes().size(), 1U);
     EXPECT_EQ(notes()[0].title, "Shopping");
     EXPECT_EQ(notes()[0].content, "Shopping\nmilk\neggs");
-    EXPECT_EQ(notes()[0].body, "Shopping\nmilk\neggs");
     EXPECT_EQ(notes()[0].summary, "milk\neggs");
 }
 
@@ -66,7 +64,7 @@ TEST_F(NoteSaving, AnEmptyTitleFieldLeavesTheFirstLineAsTitle) {
 
     ASSERT_EQ(notes().size(), 1U);
     EXPECT_EQ(notes()[0].title, "milk");
-    EXPECT_EQ(notes()[0].body, "milk\neggs");
+    EXPECT_EQ(notes()[0].content, "milk\neggs");
 }
 
 TEST_F(NoteSaving, ATitleTypedBeforeItsSwitchWasTurnedOffIsNotUsed) {
@@ -81,7 +79,7 @@ TEST_F(NoteSaving, ATitleTypedBeforeItsSwitchWasTurnedOffIsNotUsed) {
 
     ASSERT_EQ(notes().size(), 1U);
     EXPECT_EQ(notes()[0].title, "milk");
-    EXPECT_EQ(notes()[0].body, "milk\neggs");
+    EXPECT_EQ(notes()[0].content, "milk\neggs");
 }
 
 TEST_F(NoteSaving, ATextThatBeginsWithALineBreakHasAnEmptyTitle) {
@@ -93,7 +91,7 @@ TEST_F(NoteSaving, ATextThatBeginsWithALineBreakHasAnEmptyTitle) {
 
     ASSERT_EQ(notes().size(), 1U);
     EXPECT_EQ(notes()[0].title, "");
-    EXPECT_EQ(notes()[0].body, "\nmilk");
+    EXPECT_EQ(notes()[0].content, "\nmilk");
 }
 
 TEST_F(NoteSaving, ThePlaceholderAloneIsNotSaved) {
@@ -226,7 +224,7 @@ TEST_F(NoteSaving, DoneResetsTheKeptTextToTheLiteralPlaceholdersInEveryLanguage)
     done();
 
     ASSERT_EQ(notes().size(), 1U);
-    EXPECT_EQ(notes()[0].body, "Milch");
+    EXPECT_EQ(notes()[0].content, "Milch");
     EXPECT_EQ(keptText(), "  Note|Title");
     EXPECT_EQ(writesOfKeptText(), 1U);
 }
@@ -294,7 +292,7 @@ TEST_F(NoteSaving, TextOfEveryScriptIsSavedAsTyped) {
     done();
 
     ASSERT_EQ(notes().size(), 1U);
-    EXPECT_EQ(notes()[0].body, "Grüße, 你好 👩‍👩‍👧 é");
+    EXPECT_EQ(notes()[0].content, "Grüße, 你好 👩‍👩‍👧 é");
 }
 
 class Cancelling : public NoteSaving {};

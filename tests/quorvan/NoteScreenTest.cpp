@@ -261,7 +261,7 @@ TEST_F(NoteScreen, StaysUsableWithoutPictures) {
     done();
 
     ASSERT_EQ(notes().size(), 1U);
-    EXPECT_EQ(notes()[0].body, "milk");
+    EXPECT_EQ(notes()[0].content, "milk");
 }
 
 TEST_F(NoteScreen, TheTextIsNeverCorrectedOrRefused) {
