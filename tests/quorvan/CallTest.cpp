@@ -1,6 +1,7 @@
 #include "tests/quorvan/CallTest.h"
 
 #include "phone/flow/Engine.h"
+#include "phone/foundation/Correct.h"
 #include "platform/uikit/UILabel.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UITableView.h"
@@ -105,6 +106,16 @@ void CallTest::withholdRequests() {
                         method_getTypeEncoding(class_getInstanceMethod(store, selector)));
 }
 
+void CallTest::useBoldLabels() {
+    static id (*make)(id, SEL, CGRect) = nullptr;
+    make = phone::correct<"initWithFrame:">(
+        objc_getClass("UILabel"), +[](id self, SEL selector, CGRect frame) {
+            const id label = make(self, selector, frame);
+            objc::borrow<UILabel>(label).setFont(UIFont::boldSystem(17));
+            return label;
+        });
+}
+
 void CallTest::turnOn(const std::vector<int>& switches) {
     nlohmann::json values = nlohmann::json::object();
     for (int number : switches) {
@@ -170,13 +181,16 @@ std::string CallTest::shownValue(int row) {
     return attribute(panel().select_node(value.c_str()).node(), "text");
 }
 
+UIViewController CallTest::stacked(objc::UInt place) {
+    const auto root = UIApplication::shared().keyWindow().rootViewController();
+    const auto stack = objc::as<UINavigationController>(root.presentedViewController().presentedViewController());
+    return stack.viewControllers().at<UIViewController>(place);
+}
+
 std::string CallTest::drawnValue(objc::UInt place, objc::Int row, objc::Int section) {
     std::string value;
     run([&] {
-        const auto root = UIApplication::shared().keyWindow().rootViewController();
-        const auto stack = objc::as<UINavigationController>(root.presentedViewController().presentedViewController());
-        const auto screen = stack.viewControllers().at<UIViewController>(place);
-        const auto cell = screen.send<"tableView:cellForRowAtIndexPath:", UITableViewCell>(
+        const auto cell = stacked(place).send<"tableView:cellForRowAtIndexPath:", UITableViewCell>(
             UITableView(), NSIndexPath::forRow(row, section));
         value = cell.accessoryView().subviews().at<UILabel>(0).text().UTF8String();
     });

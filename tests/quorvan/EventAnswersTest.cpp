@@ -1,6 +1,7 @@
 // The request for access, the store's answer and what the store is told.
 
 #include "tests/quorvan/EventSavingTest.h"
+#include "tests/quorvan/Overhear.h"
 
 namespace {
 
@@ -48,6 +49,15 @@ TEST_F(EventAnswers, SavesThisAndFutureEventsAtOnce) {
     ASSERT_EQ(save.at("message"), "saveEvent:span:commit:error:");
     EXPECT_EQ(save.at("arguments").at(1), "1");
     EXPECT_EQ(save.at("arguments").at(2), "true");
+}
+
+TEST_F(EventAnswers, ReceivesTheErrorOfTheSave) {
+    startTyped();
+    overhear<"EKEventStore", "saveEvent:span:commit:error:", unsigned char, id, objc::Int, objc::UInt, id*>();
+
+    done();
+
+    EXPECT_EQ(heard(), Texts{"EKEventStore saveEvent:span:commit:error: EKEvent 1 1 set"});
 }
 
 TEST_F(EventAnswers, SendsTheStoreTheRepetitionBeforeItSaves) {

@@ -1,5 +1,6 @@
 #include "phone/notes/NotesFramework.h"
 #include "tests/quorvan/CallTest.h"
+#include "tests/quorvan/Overhear.h"
 
 #include <gtest/gtest.h>
 
@@ -37,6 +38,19 @@ TEST_F(NoteSaving, ATypedNoteStandsInTheStore) {
     ASSERT_TRUE(note.created.has_value());
     EXPECT_DOUBLE_EQ(*note.created, phone::settings().now - 978307200);
     EXPECT_TRUE(isBackOnTheCallScreen());
+}
+
+TEST_F(NoteSaving, ALineBreakEndsTheTitleThoughAMarkFollowsIt) {
+    turnOn({2});
+    keepText("<string>milk\n\u0301eggs</string>", "<string>Title</string>");
+    start();
+    startNote();
+
+    done();
+
+    ASSERT_EQ(notes().size(), 1U);
+    EXPECT_EQ(notes()[0].title, "milk");
+    EXPECT_EQ(notes()[0].content, "milk\n\u0301eggs");
 }
 
 TEST_F(NoteSaving, ATitleIsPutBeforeTheText) {
@@ -320,6 +334,17 @@ TEST_F(Cancelling, WithTheSwitchOnKeepsTheTextWithTwoWrites) {
 
     EXPECT_EQ(keptText(), "milk\neggs|Title");
     EXPECT_EQ(writesOfKeptText(), 2U);
+}
+
+TEST_F(Cancelling, ReadsTheTextOnceForBothWrites) {
+    turnOn({2});
+    start();
+    startNote();
+    overhear<"UITextView", "text", id>();
+
+    run([] { stacked(0).send<"cancel:">(UIViewController()); }); // nothing else reads it meanwhile
+
+    EXPECT_EQ(heard().size(), 1U);
 }
 
 TEST_F(Cancelling, KeepsTheTitleToo) {

@@ -1,4 +1,5 @@
 #include "tests/quorvan/CallTest.h"
+#include "tests/quorvan/Overhear.h"
 
 #include <gtest/gtest.h>
 
@@ -134,6 +135,19 @@ TEST_F(NoteScreen, ShowsTheAccountRow) {
     EXPECT_EQ(attribute(value.parent(), "frame"), "125 8 150 28");
 }
 
+TEST_F(NoteScreen, TheAccountRowsNameIsTheOnlyOneToReadAccount) {
+    start();
+    startCall();
+    openSheet();
+    overhear<"UILabel", "setText:", void, id>();
+
+    openNote();
+
+    const auto names = heardOf({"UILabel setText: Account"});
+    EXPECT_EQ(names.size(), heardOf({"UILabel setText: Default"}).size());
+    EXPECT_FALSE(names.empty());
+}
+
 TEST_F(NoteScreen, ClearsThePlaceholderWhenTheTextIsTouched) {
     start();
     startNote();
@@ -170,6 +184,17 @@ TEST_F(NoteScreen, RisesAboveTheKeyboardWhenTheTextIsTouched) {
     ASSERT_NE(move, moves.end());
     EXPECT_EQ(move->at("duration"), 0.27);
     EXPECT_EQ(move->at("curve"), 1);
+}
+
+TEST_F(NoteScreen, FollowsAKeyboardWhenItWasToldTo) {
+    start();
+    startNote();
+    run([] { stacked(0).send<"registerForKeyboardNotifications">(); });
+
+    touchAndWait(noteText());
+
+    const auto names = logged("animation", "name");
+    EXPECT_EQ(std::count(names.begin(), names.end(), "noteView"), 2) << "for the text, and for the keyboard";
 }
 
 TEST_F(NoteScreen, RisesOnTheSmallerPhoneToo) {

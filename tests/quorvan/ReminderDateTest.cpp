@@ -1,3 +1,4 @@
+#include "platform/uikit/UIDatePicker.h"
 #include "tests/quorvan/CallTest.h"
 
 #include <gtest/gtest.h>
@@ -83,6 +84,32 @@ TEST_F(ReminderDateChooser, LeftAtOnceTakesThePresentMoment) {
     EXPECT_EQ(saved.start, (phone::CalendarDate{2026, 3, 5, 15, 37, 0, false, ""}));
     ASSERT_EQ(saved.alarms.size(), 1U);
     EXPECT_EQ(saved.alarms[0].moment, phone::settings().now); // the seconds are the picker's
+}
+
+TEST_F(ReminderDateChooser, ItsTextHasTheSameDigitsInEveryLanguage) {
+    start({.language = "ar"});
+    startReminder();
+    open();
+
+    goBack();
+
+    EXPECT_EQ(shownDate(), "05/03 15:37");
+}
+
+TEST_F(ReminderDateChooser, ItsWheelsTellAScreenThatIsGoneNothing) {
+    start();
+    startReminder();
+    open();
+    const auto wheels = liveView<UIDatePicker>();
+    ASSERT_TRUE(wheels);
+    goBack();
+
+    run([&] {
+        wheels.setDate(NSDate::withSinceReferenceDate(0));
+        wheels.sendActions(UIControlEventValueChanged);
+    });
+
+    EXPECT_EQ(drawnValue(0, 1), "05/03 15:37");
 }
 
 TEST_F(ReminderDateChooser, TakesTheDateThatItsWheelsShow) {

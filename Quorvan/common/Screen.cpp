@@ -1,0 +1,43 @@
+#include "Quorvan/common/Screen.h"
+
+#include "Quorvan/common/Resources.h"
+#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UIScreen.h"
+
+namespace quorvan {
+
+UIImageView addBackdrop(const UIView& view, CGRect frame) {
+    const auto backdrop = UIImageView::withFrame(frame);
+    backdrop.setImage(picture("bg.png"));
+    view.addSubview(backdrop);
+    return backdrop;
+}
+
+void titleScreen(const UIViewController& screen, const NSString& title) {
+    screen.setTitle(title);
+    screen.navigationController().setNavigationBarHidden(true, false);
+}
+
+void startScreen(const UIViewController& screen, const NSString& title) {
+    addBackdrop(screen.view(), {{0, 0}, UIScreen::main().bounds().size});
+    titleScreen(screen, title);
+}
+
+void showPanel(const UIViewController& screen, const UIView& panel) {
+    panel.setCenter(screen.view().center());
+    screen.view().addSubview(panel);
+}
+
+void setEverythingHidden(const UIView& view, bool hidden) {
+    for (const auto& subview : view.subviews()) {
+        objc::as<UIView>(subview).setHidden(hidden);
+    }
+}
+
+void removeEverything(const UIView& view) {
+    for (const auto& subview : view.subviews()) {
+        objc::as<UIView>(subview).removeFromSuperview();
+    }
+}
+
+} // namespace quorvan
