@@ -19,6 +19,7 @@ MEMORY = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 @dataclasses.dataclass
 class Run:
     passed: bool
+    is_stuck: bool
     seconds: float
 
 
@@ -49,12 +50,14 @@ class Suite:
                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                                        env={**self._environment, "QUORVAN_LIBRARY": str(library), "TMPDIR": temporary,
                                             **environment})
+            is_stuck = False
             try:
                 status = process.wait(seconds)
             except subprocess.TimeoutExpired:
+                is_stuck = True
                 os.killpg(process.pid, signal.SIGKILL)
                 status = process.wait()
-            return Run(status == 0, time.monotonic() - begun)
+            return Run(status == 0, is_stuck, time.monotonic() - begun)
 
 
 class Reach:

@@ -1,9 +1,12 @@
-// What each screen's builder makes, before anybody puts it into its place, and how many rows each screen says it has.
+// What every screen does when it is told the same: its builder's panel before anybody puts it into its place, the
+// number of its rows, a warning of the system's.
 
 #include "platform/uikit/UITableView.h"
 #include "tests/quorvan/EventTest.h"
+#include "tests/quorvan/Messages.h"
 #include "tests/quorvan/Screens.h"
 
+#include <algorithm>
 #include <functional>
 #include <sstream>
 
@@ -36,9 +39,9 @@ const std::vector<Expected> panels = {
     {{"Event", "Repeat", "End Date"}, "reminderList", "15 74.5 290 270", "15 188.5 290 270", {}},
 };
 
-class Panels : public EventTest {
+class EveryScreen : public EventTest {
 protected:
-    Panels() {
+    EveryScreen() {
         useReminders(phone::Access::Allow);
         useEvents(phone::Access::Allow);
     }
@@ -65,6 +68,13 @@ protected:
         text << frame.origin.x << ' ' << frame.origin.y << ' ' << frame.size.width << ' ' << frame.size.height;
         return text.str();
     }
+    /// How many rows with an arrow have been drawn so far: each reads its picture.
+    long arrowsRead() {
+        const auto files = log("file");
+        return std::count_if(files.begin(), files.end(), [](const auto& entry) {
+            return entry.at("path").template get<std::string>().find("/arrow") != std::string::npos;
+        });
+    }
     static Counts rows(const UIViewController& screen) {
         Counts counts;
         if (objc::responds<"numberOfSectionsInTableView:">(screen)) {
@@ -79,7 +89,7 @@ protected:
 
 } // namespace
 
-TEST_F(Panels, AreBuiltAtTheTopOfAPhone) {
+TEST_F(EveryScreen, BuildsItsPanelAtTheTopOfAPhone) {
     start();
 
     visitEach([](const UIViewController& screen, const Expected& expected) {
@@ -87,7 +97,7 @@ TEST_F(Panels, AreBuiltAtTheTopOfAPhone) {
     });
 }
 
-TEST_F(Panels, AreBuiltAtTheTopOfATablet) {
+TEST_F(EveryScreen, BuildsItsPanelAtTheTopOfATablet) {
     start({.device = "ipad"});
 
     visitEach([](const UIViewController& screen, const Expected& expected) {
@@ -95,8 +105,52 @@ TEST_F(Panels, AreBuiltAtTheTopOfATablet) {
     });
 }
 
-TEST_F(Panels, HaveAsManyRowsAsTheyShow) {
+TEST_F(EveryScreen, HasAsManyRowsAsItShows) {
     start();
 
     visitEach([](const UIViewController& screen, const Expected& expected) { EXPECT_EQ(rows(screen), expected.rows); });
+}
+
+TEST_F(EveryScreen, LeavesAWarningOfLittleMemoryToThePlatform) {
+    Messages messages;
+    start();
+    messages.watch<"UIViewController", "didReceiveMemoryWarning">();
+
+    visitEach([&](const UIViewController& screen, const Expected&) {
+        screen.send<"didReceiveMemoryWarning">();
+
+        EXPECT_EQ(messages.take(),
+                  (std::vector<std::string>{Messages::described(screen.raw()) + " didReceiveMemoryWarning"}));
+    });
+}
+
+TEST_F(EveryScreen, OfAReminderOrAnEventReloadsItsRowsAndDrawsTheLastWhenAsked) {
+    Messages messages;
+    start();
+    messages.watch<"UITableView", "reloadData">();
+
+    visitEach([&](const UIViewController& screen, const Expected& expected) {
+        if (expected.rows != Counts{3}) {
+            return;
+        }
+        messages.take();
+        const long before = arrowsRead();
+
+        screen.send<"returnMethod">();
+
+        EXPECT_EQ(messages.take(),
+                  (std::vector<std::string>{"rows of " + Messages::described(screen.raw()) + " reloadData"}));
+        EXPECT_EQ(arrowsRead() - before, 1);
+    });
+}
+
+TEST_F(EveryScreen, LetsThePlatformLoadItsViewOnce) {
+    Messages messages;
+    start();
+    messages.watch<"UIViewController", "viewDidLoad">();
+
+    visitEach([&](const UIViewController& screen, const Expected&) {
+        const auto heard = messages.take();
+        EXPECT_EQ(std::count(heard.begin(), heard.end(), Messages::described(screen.raw()) + " viewDidLoad"), 1);
+    });
 }
