@@ -70,11 +70,14 @@ class Reach:
 
     def tests(self, number, around, near):
         """The tests that can notice a change: those that run through it; or, where it has no number, through any around
-        it; or all where there is none around it either. First those that know most of what is near: what few tests run
-        through counts for more."""
+        it; or all where there is none around it either. First those that know most of what is near for the time they
+        take: what few tests run through counts for more."""
         through = {number} if number is not None else set(around)
         found = [test for test, reached in self._numbers.items() if not through or through & reached]
-        return sorted(found, key=lambda test: -sum(1 / self._share[one] for one in self._numbers[test] & near))
+        return sorted(found, key=lambda test: -self._closeness(test, near) / self.seconds[test])
+
+    def _closeness(self, test, near):
+        return sum(1 / self._share[one] for one in self._numbers[test] & near)
 
     def save(self, file):
         file.write_text(json.dumps({"numbers": {test: sorted(one) for test, one in self._numbers.items()},

@@ -49,17 +49,21 @@ protected:
     void visitEach(const std::function<void(const UIViewController&, const Expected&)>& look) {
         startCall();
         for (const Expected& expected : panels) {
-            SCOPED_TRACE(expected.way.back());
-            openSheet();
-            for (const auto& step : expected.way) {
-                touchAndWait(step);
-            }
-            run([&] { look(screenAt(expected.way.size() - 1), expected); });
-            for (std::size_t i = 1; i < expected.way.size(); ++i) {
-                goBack();
-            }
-            cancel();
+            visit(expected.way, [&](const UIViewController& screen) { look(screen, expected); });
         }
+    }
+    /// By the activity and the rows to be tapped.
+    void visit(const std::vector<std::string>& way, const std::function<void(const UIViewController&)>& look) {
+        SCOPED_TRACE(way.back());
+        openSheet();
+        for (const auto& step : way) {
+            touchAndWait(step);
+        }
+        run([&] { look(screenAt(way.size() - 1)); });
+        for (std::size_t i = 1; i < way.size(); ++i) {
+            goBack();
+        }
+        cancel();
     }
     static std::string builtFrame(const UIViewController& screen, const std::string& builder) {
         const id made = objc::detail::call<id>(screen.raw(), sel_registerName(builder.c_str()));
@@ -153,4 +157,31 @@ TEST_F(EveryScreen, LetsThePlatformLoadItsViewOnce) {
         const auto heard = messages.take();
         EXPECT_EQ(std::count(heard.begin(), heard.end(), Messages::described(screen.raw()) + " viewDidLoad"), 1);
     });
+}
+
+// Nobody sees them, for the bars that would show them are hidden.
+TEST_F(EveryScreen, HasATitleInThePersonsLanguageButForThree) {
+    const std::vector<std::pair<std::vector<std::string>, std::string>> titles = {
+        {{"Notiz"}, "Note"},
+        {{"Notiz", "Account"}, "Note"},
+        {{"Erinnerung"}, "Erinnerung"},
+        {{"Erinnerung", "Liste"}, "Erinnerung"},
+        {{"Erinnerung", "Erinnern"}, "Erinnerung"},
+        {{"Erinnerung", "Priorität"}, "Reminder"},
+        {{"Ereignis"}, "Ereignis"},
+        {{"Ereignis", "Kalender"}, "Ereignis"},
+        {{"Ereignis", "Datum"}, "Datum"},
+        {{"Ereignis", "Datum", "Beginn"}, "Beginn"},
+        {{"Ereignis", "Datum", "Ende"}, "Ende"},
+        {{"Ereignis", "Turnus"}, "Turnus"},
+        {{"Ereignis", "Turnus", "Enddatum"}, "Datum"},
+    };
+    start({.language = "de"});
+    startCall();
+
+    for (const auto& [way, title] : titles) {
+        visit(way, [&, expected = title](const UIViewController& screen) {
+            EXPECT_EQ(phone::text(screen.send<"title", NSString>()), expected);
+        });
+    }
 }
