@@ -20,7 +20,7 @@ UIView makeAccessory(const RowAccessory& row, const NSString& value);
 struct Setting {
     const char* key;
     RowAccessory accessory;
-    const NSString& value;
+    NSString value;
 };
 UITableViewCell settingCell(const UITableView& table, const Setting& setting);
 

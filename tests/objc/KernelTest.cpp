@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 using namespace shapes;
 
 namespace {
@@ -211,7 +213,7 @@ TEST_F(Kernel, ABlockLiteralIsAnArgument) {
     EXPECT_EQ(answer, 42);
 }
 
-// Holds: encodings-by-word-size
+// A truth value is `C` to the runtime here.
 TEST_F(Kernel, EncodingsComeFromTheSignature) {
     EXPECT_STREQ((objc::methodEncoding<void>().text), "v@:");
     EXPECT_STREQ((objc::methodEncoding<bool, const NSString&, NSRange>().text), "C@:@{_NSRange=QQ}");
@@ -331,6 +333,25 @@ TEST_F(Kernel, AGlobalOwnsItsValue) {
     EXPECT_EQ((global->send<"corners", long>()), 4);
     global = NSObject();
     EXPECT_FALSE(static_cast<bool>(global));
+}
+
+TEST_F(Kernel, AGlobalIsReadWholeWhileAnotherThreadReplacesIt) {
+    static constinit objc::Global<NSObject> global;
+    constexpr int times = 20'000;
+    const long before = Shape::liveCount();
+    global = object<Shape>();
+    std::thread writer([] {
+        for (int i = 0; i < times; ++i) {
+            global = object<Shape>();
+        }
+    });
+    for (int i = 0; i < times; ++i) {
+        ASSERT_EQ((global->send<"corners", long>()), 4);
+    }
+    writer.join();
+
+    global = NSObject();
+    EXPECT_EQ(Shape::liveCount(), before);
 }
 
 } // namespace
