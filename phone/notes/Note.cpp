@@ -44,13 +44,13 @@ Note::~Note() {
 }
 
 NSString Note::content() {
-    logStore(objc_name, "content");
+    const NotesTurn turn(objc_name, "content");
     const Body* body = Body::of(_body);
     return body == nullptr ? _content : body->text();
 }
 
 void Note::setContent(const NSString& content) {
-    logStore(objc_name, "setContent:", content);
+    const NotesTurn turn(objc_name, "setContent:", content);
     _content = content;
     if (Body* body = Body::of(_body)) {
         body->setText(content);
@@ -58,7 +58,7 @@ void Note::setContent(const NSString& content) {
 }
 
 void Note::setBody(const NoteBodyObject& body) {
-    logStore(objc_name, "setBody:", body);
+    const NotesTurn turn(objc_name, "setBody:", body);
     if (Body* before = Body::of(_body)) {
         before->setOwnerOnly(nullptr);
     }

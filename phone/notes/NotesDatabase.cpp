@@ -14,8 +14,8 @@ namespace fs = std::filesystem;
 using sqlite::Statement;
 
 // How ZCONTENTTYPE tells plain text from a text with markup.
-constexpr long markupContent = 0;
-constexpr long plainContent = 1;
+constexpr long plainContent = 0;
+constexpr long markupContent = 1;
 // What a note has that no server knows.
 constexpr long noServerId = -4294967296;
 constexpr long noteAdded = 0; // ZCHANGETYPE

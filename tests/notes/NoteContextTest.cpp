@@ -1,9 +1,9 @@
 #include "platform/notes/NoteContext.h"
 #include "phone/device/Log.h"
-#include "phone/foundation/Raise.h"
 #include "phone/notes/NotesDatabase.h"
 #include "phone/notes/NotesFramework.h"
 #include "phone/notes/Register.h"
+#include "tests/Raised.h"
 #include "tests/foundation/FoundationTest.h"
 
 #include <set>
@@ -108,6 +108,23 @@ TEST_F(NoteContextTest, ANoteWithoutAStoreFailsTheWholeSave) {
     EXPECT_TRUE(notes().empty());
 }
 
+// Holds: notes-want-title-and-summary
+TEST_F(NoteContextTest, ANoteWithoutATitleOrASummaryRaisesWhenItIsSaved) {
+    const auto context = NoteContext::make();
+    const auto note = insert(context, "text"_ns);
+    note.setTitle(nullptr);
+    EXPECT_EQ(raised([&] { save(context); }), invalidArgument);
+
+    note.setTitle("title"_ns);
+    note.setSummary(nullptr);
+    EXPECT_EQ(raised([&] { save(context); }), invalidArgument);
+    EXPECT_TRUE(notes().empty());
+
+    note.setSummary(""_ns);
+    EXPECT_TRUE(save(context));
+    EXPECT_EQ(notes().size(), 1u);
+}
+
 TEST_F(NoteContextTest, ANoteWithoutABodyCannotBeSaved) {
     const auto context = NoteContext::make();
     insert(context, "text"_ns).setBody(nullptr);
@@ -180,18 +197,15 @@ TEST_F(NoteContextTest, AMissingOrCorruptDatabaseHasNoStoresAndSavesNothing) {
 }
 
 TEST_F(NoteContextTest, AnUnknownEntityOrANilContextRaises) {
-    const auto raised = [](const NSString& entity, const NSManagedObjectContext& context) {
-        try {
+    const auto inserting = [](const NSString& entity, const NSManagedObjectContext& context) {
+        return raised([&] {
             objc::sendClass<NSEntityDescription, "insertNewObjectForEntityForName:inManagedObjectContext:", NSObject>(
                 entity, context);
-        } catch (...) {
-            return caughtException()->name;
-        }
-        return std::string();
+        });
     };
 
-    EXPECT_EQ(raised("Song"_ns, NoteContext::make().managedObjectContext()), "NSInvalidArgumentException");
-    EXPECT_EQ(raised("Note"_ns, nullptr), "NSInvalidArgumentException");
+    EXPECT_EQ(inserting("Song"_ns, NoteContext::make().managedObjectContext()), invalidArgument);
+    EXPECT_EQ(inserting("Note"_ns, nullptr), invalidArgument);
 }
 
 // Holds: notes-insertion
