@@ -225,9 +225,10 @@ const std::vector<Known>& knownCommands() {
         needs("setPermissions", setPermissions),
         needs("setStoreAnswers",
               [](const Yaml& n, const CommandScope& s) -> Any {
-                  static constexpr std::array<std::string_view, 2> words = {"late", "early"};
+                  static constexpr std::array<std::string_view, 3> words = {"late", "early", "concurrent"};
                   return SetStoreAnswers{oneOf(n, "setStoreAnswers", s, words)};
               }),
+        bare("memoryWarning", MemoryWarning{}),
         needs("takeScreenshot",
               [](const Yaml& n, const CommandScope& s) -> Any {
                   return TakeScreenshot{outputName(n, "takeScreenshot", s)};

@@ -1,5 +1,6 @@
 #include "phone/uikit/DateWheels.h"
 
+#include "phone/device/LastYear.h"
 #include "phone/device/Settings.h"
 #include "phone/foundation/Text.h"
 #include "phone/uikit/SystemWords.h"
@@ -16,9 +17,7 @@ namespace {
 using Alignment = WheelRows::Alignment;
 
 constexpr int hoursInHalfDay = 12;
-// The first whole year of the Gregorian calendar, and the last with four digits.
-constexpr int firstYear = 1583;
-constexpr int lastYear = 9999;
+constexpr int firstYear = 1583; // the first whole one of the Gregorian calendar
 
 struct NSLocale : NSObject {
     static constexpr auto objc_name = "NSLocale";

@@ -2,6 +2,8 @@
 
 #include "phone/device/Log.h"
 #include "phone/foundation/Arrays.h"
+#include "phone/foundation/Text.h"
+#include "phone/uikit/Application.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/View.h"
 #include "platform/uikit/UIScreen.h"
@@ -29,6 +31,7 @@ void ViewController::define(objc::ClassTable<ViewController>& c) {
         .def<"viewWillLayoutSubviews", &ViewController::ignore>()
         .def<"viewDidLayoutSubviews", &ViewController::ignore>()
         .def<"didReceiveMemoryWarning", &ViewController::ignore>()
+        .def<"_memoryIsShort:", &ViewController::memoryIsShort>()
         .overrides<"nextResponder", &ViewController::nextResponder>();
     c.get<"title", &ViewController::_title>()
         .def<"setTitle:", &ViewController::setTitle>()
@@ -74,6 +77,7 @@ void ViewController::define(objc::ClassTable<ViewController>& c) {
 }
 
 ViewController::~ViewController() {
+    NSNotificationCenter::defaultCenter().removeObserver(*this);
     if (View* view = View::of(_view)) {
         view->setController(nullptr);
     }
@@ -93,6 +97,8 @@ void ViewController::init() {
 void ViewController::initWithNibName(const NSString& nib, const NSObject&) {
     super<"init">();
     _nibName = nib;
+    NSNotificationCenter::defaultCenter().addObserver(*this, objc::selector<"_memoryIsShort:">(), string(memoryWarning),
+                                                      nullptr);
 }
 
 // The view

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "phone/uikit/Responder.h"
+#include "platform/foundation/NSNotification.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIViewController.h"
@@ -73,6 +74,7 @@ public:
 
 private:
     void loadView();
+    void memoryIsShort(const NSNotification&) { send<"didReceiveMemoryWarning">(); }
     /// For the messages that exist to be overridden.
     void ignore() {}
     void ignoreFlag(bool) {}
