@@ -172,6 +172,7 @@ TEST_P(AccessPrompt, NamesTheApplicationInThePhonesLanguage) {
     EXPECT_EQ(calendarFolder(EntityType::Event).access(), Access::Allow);
 }
 
+// Holds: grant-reaches-its-store
 TEST_F(AccessTest, AStoreMadeBeforeTheGrantSeesItsListsInsideTheCompletion) {
     request();
     touchButton("OK");

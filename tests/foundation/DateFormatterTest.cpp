@@ -89,6 +89,7 @@ TEST_F(DateFormatter, KeepsExplicitPatternsWhereThePersonHasChosenWhatIsUsualThe
     EXPECT_EQ(written("h:mm a"), "2:37 PM");
 }
 
+// Trap: hours-of-the-person
 // Holds: formatter-hour-override, hours-are-the-persons
 TEST_F(DateFormatter, CountsHoursAsThePersonHasChosenEvenInAnExplicitPattern) {
     live("de", "", "12");
@@ -110,6 +111,7 @@ TEST_F(DateFormatter, CountsHoursAsThePersonHasChosenInTheLanguagesDigits) {
     EXPECT_EQ(written("h:mm a"), "١٤:٣٧");
 }
 
+// Trap: hours-of-the-person
 // Holds: formatter-hour-override, hours-are-the-persons
 TEST_F(DateFormatter, LeavesTheLocaleOfFixedFormatsAlone) {
     live("ar", "DE", "12");
