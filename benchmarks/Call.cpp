@@ -31,7 +31,8 @@ Call::Call(const std::string& application) : _root(freshFolder()) {
     fs::copy(STAGE_DIRECTORY, _root, fs::copy_options::recursive);
     phone::NotesDatabase::create(_root.string() + phone::NotesDatabase::devicePath, {{"LOCAL_NOTES_ACCOUNT", true}});
     for (const auto type : {phone::EntityType::Reminder, phone::EntityType::Event}) {
-        phone::CalendarFolder(_root.string(), type).create(phone::Access::Allow, {{"Home", true}});
+        phone::CalendarFolder(_root.string(), type)
+            .create(phone::Access::Allow, {{.title = "First", .isDefault = true}, {.title = "Second"}});
     }
     phone::Settings settings;
     settings.device = phone::deviceNamed("iphone5").value();

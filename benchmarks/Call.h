@@ -19,6 +19,7 @@ public:
     Call& operator=(const Call&) = delete;
 
     phone::Session& screen() { return *_session; }
+    std::string root() const { return _root.string(); }
 
     /// From the call screen to the note.
     void openNote() { open("Note"); }

@@ -4,32 +4,32 @@ namespace quorvan {
 
 namespace {
 
-/// On a thread of the store's choosing.
-void writeCalendars(const EKEventStore& store, EKEntityType kind, const NSString& identifiersPath,
-                    const NSString& titlesPath) {
-    identifiers = store.calendars(kind);
-    const auto titles = objc::make<NSMutableArray>();
-    for (objc::UInt i = 0; i < identifiers->count(); ++i) {
-        titles.add(identifiers->at<EKCalendar>(i).title());
+/// On a thread of the store's choosing, while the screens may change what they share.
+void writeCalendars(const NSArray& calendars, const NSMutableArray& titles, const char* identifiersFile,
+                    const char* titlesFile) {
+    identifiers = calendars;
+    for (objc::UInt i = 0; i < calendars.count(); ++i) {
+        const NSString title = calendars.at<EKCalendar>(i).title();
+        titles.insert(title ? title : ""_ns, i); // the choice goes by place: every calendar has a row
     }
-    // Calendars are no property list objects: this write is refused and leaves no file, by design.
-    (void)identifiers->writeToFile(identifiersPath, true);
-    (void)titles.writeToFile(titlesPath, true);
+    if (calendars.count() > 0) { // docs/kept.md: no identifiers
+        (void)calendars.writeToFile(resourcePath(identifiersFile), true);
+    }
+    (void)titles.writeToFile(resourcePath(titlesFile), true);
 }
 
 } // namespace
 
 void fetchCalendars(EKEntityType kind, const char* identifiersFile, const char* titlesFile) {
     const auto store = EKEventStore::make();
+    const auto titles = objc::make<NSMutableArray>();
     identifiers = objc::make<NSMutableArray>();
     if (!objc::responds<"requestAccessToEntityType:completion:">(store)) {
         return;
     }
-    const NSString identifiersPath = resourcePath(identifiersFile);
-    const NSString titlesPath = resourcePath(titlesFile);
     store.requestAccess(kind, ^(bool granted, id) {
       if (granted) {
-          writeCalendars(store, kind, identifiersPath, titlesPath);
+          writeCalendars(store.calendars(kind), titles, identifiersFile, titlesFile);
       }
     });
 }

@@ -4,9 +4,12 @@
 #pragma once
 
 #include "Quorvan/common/ChooserFrame.h"
-#include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
+#include "Quorvan/common/Tables.h"
+#include "Quorvan/common/TakeBack.h"
+#include "Quorvan/common/WaysBack.h"
 #include "platform/eventkit/EKEventStore.h"
 
 namespace quorvan {
@@ -19,8 +22,8 @@ void readCalendars(const char* identifiersFile, const char* titlesFile);
 /// A row of the titles as read; "" where the file holds no text.
 NSString savedTitle(objc::Int row);
 
-/// T names its values: `kind`, `identifiersFile`, `titlesFile`, `controllerTitle`, `barTitle`, `reload`,
-/// gives its shared variables, `marked()`, `choice()` and `shown()`, and keeps its `table()`.
+/// T names its values: `kind`, `identifiersFile`, `titlesFile`, `controllerTitle`, `barTitle`, `firstBarTitle`,
+/// `reload`, gives its shared variables, `marked()`, `choice()` and `shown()`, and keeps its `table()`.
 template <class T>
 class CalendarChooser : public objc::Defines<T, UIViewController> {
 public:
@@ -40,23 +43,26 @@ public:
     }
 
     void initWithNibName(const NSString& nib, const NSObject& bundle) {
-        this->template super<"initWithNibName:bundle:">(nib, bundle);
-        fetchCalendars(T::kind, T::identifiersFile, T::titlesFile);
+        if (this->template super<"initWithNibName:bundle:">(nib, bundle)) {
+            fetchCalendars(T::kind, T::identifiersFile, T::titlesFile);
+        }
     }
 
     void viewDidLoad() {
         this->template super<"viewDidLoad">();
         readCalendars(T::identifiersFile, T::titlesFile);
-        startChooser(*this, localized(T::controllerTitle));
+        startScreen(*this, localized(T::controllerTitle));
         showPanel(*this, reminderList());
     }
 
     void didReceiveMemoryWarning() { this->template super<"didReceiveMemoryWarning">(); }
 
     UIView reminderList() {
-        ChooserFrame frame(*this, chooserSize, localized(T::barTitle));
+        ChooserFrame frame(*this, {panelOrigin, chooserSize}, NSString::utf8(T::barTitle),
+                           NSString::utf8(T::firstBarTitle));
         frame.addBar();
-        static_cast<T&>(*this).table() = frame.addTable(*this);
+        table() = makeTable(*this, frame.belowBar());
+        frame.add(table());
         return frame.finish();
     }
 
@@ -64,12 +70,12 @@ public:
 
     objc::Int numberOfRows(const UITableView&, objc::Int) { return static_cast<objc::Int>(titlesSaved->count()); }
 
-    UITableViewCell cellForRow(const UITableView& table, const NSIndexPath& path) {
-        return plainCell(table, savedTitle(path.row()));
+    UITableViewCell cellForRow(const UITableView& asking, const NSIndexPath& path) {
+        return plainCell(asking, savedTitle(path.row()));
     }
 
-    void didSelectRow(const UITableView& table, const NSIndexPath& path) {
-        const auto cell = moveCheckmark(table, T::marked(), path);
+    void didSelectRow(const UITableView&, const NSIndexPath& path) {
+        const auto cell = moveCheckmark(table(), T::marked(), path);
         cell.setSelected(false, true);
         T::marked() = path.row();
         T::choice() = path.row();
@@ -78,6 +84,9 @@ public:
     }
 
     void back(const objc::Object&) { popToCompose(*this, T::reload); }
+
+private:
+    UITableView& table() { return static_cast<T&>(*this).table(); }
 };
 
 } // namespace quorvan

@@ -1,21 +1,13 @@
 #include "Quorvan/common/ChooserFrame.h"
 
 #include "Quorvan/common/NewerSystems.h"
-#include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
-#include "Quorvan/common/ScreenState.h"
 #include "platform/uikit/UIButton.h"
-#include "platform/uikit/UIScreen.h"
+#include "platform/uikit/UILabel.h"
 
 namespace quorvan {
 
 namespace {
-
-// A tablet turns these screens without building them anew.
-constexpr auto coversTheScreen = UIViewAutoresizing(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-constexpr auto keepsItsPlace =
-    UIViewAutoresizing(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
-                       UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin);
 
 UIButton backButton(const UIViewController& chooser, CGRect frame) {
     const auto button = UIButton::withType(UIButtonType::Custom);
@@ -47,15 +39,15 @@ UIView makeBack(const UIViewController& chooser) {
 
 } // namespace
 
-ChooserFrame::ChooserFrame(const UIViewController& chooser, CGSize size, const NSString& title, CGPoint origin)
-    : _title(title), _panel(makePanel(size, origin)), _bar(makeBar(size.width)), _back(makeBack(chooser)) {
-    _bar.topItem().setTitle(_title); // deliberate, though the bar has no item yet and nothing hears it
+ChooserFrame::ChooserFrame(const UIViewController& chooser, CGRect frame, const NSString& titleKey,
+                           const NSString& firstKey)
+    : _panel(makePanel(frame.size, frame.origin)), _bar(makeBar(frame.size.width)), _title(localized(titleKey)) {
+    _bar.topItem().setTitle(firstKey ? localized(firstKey) : _title); // docs/kept.md: a bar is told twice
+    _back = makeBack(chooser);
 }
 
-void ChooserFrame::addSwitch(const NSString& word, bool on, CGFloat lineTop) {
-    allDayAllNight = UISwitch::withFrame({227, 49, 77, 27});
-    allDayAllNight->setOn(on, false);
-    _panel.addSubview(allDayAllNight);
+void ChooserFrame::addSwitch(const UISwitch& onOff, const NSString& word, CGFloat lineTop) {
+    _panel.addSubview(onOff);
     const auto label = UILabel::withFrame({15, 51, 160, 27});
     label.setText(word);
     _panel.addSubview(label);
@@ -64,33 +56,16 @@ void ChooserFrame::addSwitch(const NSString& word, bool on, CGFloat lineTop) {
 
 void ChooserFrame::addBar() {
     const auto back = UIBarButtonItem::withCustomView(_back);
-    _bar.topItem().setLeftBarButtonItem(back); // as above
+    _bar.topItem().setLeftBarButtonItem(back); // docs/kept.md: a bar is told twice
     const auto item = UINavigationItem::withTitle(_title);
     item.setLeftBarButtonItem(back);
     _bar.setItems(NSArray::of(item));
     _panel.addSubview(_bar);
 }
 
-UITableView ChooserFrame::addTable(const UIViewController& chooser) {
+CGRect ChooserFrame::belowBar() const {
     const CGSize size = _panel.frame().size;
-    return addTable(chooser, {0, barHeight, size.width, size.height - barHeight});
-}
-
-UITableView ChooserFrame::addTable(const UIViewController& chooser, CGRect frame) {
-    const auto table = UITableView::withFrame(frame, UITableViewStyle::Plain);
-    table.setDelegate(chooser);
-    table.setDataSource(chooser);
-    _panel.addSubview(table);
-    return table;
-}
-
-UIDatePicker ChooserFrame::addPicker(const UIViewController& chooser, CGRect frame) {
-    const auto picker = UIDatePicker::withFrame(frame);
-    keepWheels(picker);
-    picker.setFrame(frame);
-    picker.addTarget(chooser, objc::selector<"pickerChanged:">(), UIControlEventValueChanged);
-    _panel.addSubview(picker);
-    return picker;
+    return {0, barHeight, size.width, size.height - barHeight};
 }
 
 UIView ChooserFrame::finish(CGFloat separator) {
@@ -99,68 +74,14 @@ UIView ChooserFrame::finish(CGFloat separator) {
     return _panel;
 }
 
-UIImageView startChooser(const UIViewController& chooser, CGSize screen, const NSString& title) {
-    const auto backdrop = addBackdrop(chooser.view(), {{0, 0}, screen});
-    chooser.setTitle(title);
-    chooser.navigationController().setNavigationBarHidden(true, false);
-    return backdrop;
-}
+UISwitch makeSwitch() { return UISwitch::withFrame({227, 49, 77, 27}); }
 
-UIImageView startChooser(const UIViewController& chooser, const NSString& title) {
-    const auto backdrop = startChooser(chooser, UIScreen::main().bounds().size, title);
-    backdrop.setAutoresizingMask(coversTheScreen);
-    return backdrop;
-}
-
-void showPanel(const UIViewController& chooser, const UIView& panel) {
-    panel.setCenter(chooser.view().center());
-    panel.setAutoresizingMask(keepsItsPlace);
-    chooser.view().addSubview(panel);
-}
-
-void forgetDelegates(const UITableView& table) {
-    table.setDelegate(nullptr);
-    table.setDataSource(nullptr);
-}
-
-void forgetDelegates(const UITableView& table, const objc::Object& screen) {
-    if (table.send<"delegate", id>() == screen.raw()) {
-        forgetDelegates(table);
-    }
-}
-
-UITableViewCell cellWithIdentifier(const UITableView& table, const NSString& identifier) {
-    const auto cell = table.dequeue(identifier);
-    return cell ? cell : UITableViewCell::with(0, identifier);
-}
-
-UITableViewCell plainCell(const UITableView& table, const NSString& text) {
-    const auto cell = cellWithIdentifier(table, "Cell"_ns);
-    cell.textLabel().setText(text);
-    return cell;
-}
-
-UITableViewCell moveCheckmark(const UITableView& table, objc::Int markedBefore, const NSIndexPath& tapped) {
-    const auto before = NSIndexPath::forRow(markedBefore, tapped.section());
-    table.cellForRow(before).setAccessoryType(UITableViewCellAccessoryType::None);
-    const auto cell = table.cellForRow(tapped);
-    cell.setAccessoryType(UITableViewCellAccessoryType::Checkmark);
-    return cell;
-}
-
-void popToCompose(const UIViewController& chooser, Reload rows) {
-    if (rows == Reload::BeforeThePop) {
-        accountName->reloadData();
-    }
-    chooser.navigationController().popToRoot(true);
-    if (rows == Reload::AfterThePop) {
-        accountName->reloadData();
-    }
-}
-
-void popToSecond(const UIViewController& chooser) {
-    const UINavigationController navigation = chooser.navigationController();
-    navigation.popTo(navigation.viewControllers().at<UIViewController>(1), true);
+UIDatePicker makePicker(const UIViewController& chooser, CGRect frame) {
+    const auto picker = UIDatePicker::withFrame(frame);
+    keepWheels(picker);
+    picker.setFrame(frame); // docs/kept.md: frames set twice
+    picker.addTarget(chooser, objc::selector<"pickerChanged:">(), UIControlEventValueChanged);
+    return picker;
 }
 
 } // namespace quorvan

@@ -1,5 +1,8 @@
 #include "Quorvan/common/ComposeScreen.h"
 
+#include "Quorvan/common/Motion.h"
+#include "Quorvan/common/Panel.h"
+
 namespace quorvan {
 
 namespace {
@@ -12,7 +15,7 @@ constexpr CGFloat keyboardAllowance = 216;
 } // namespace
 
 void finishComposePanel(const UIView& panel, const UIViewController& screen) {
-    addSettingsTable(panel, screen, {0, 139.5, panelWidth, 174.5}); // cut off below, by design
+    addSettingsTable(panel, screen, {0, 139.5, panelWidth, 174.5}); // docs/kept.md: the panel cuts
     addSeparator(panel, {0, 139, panelWidth, 0.5});
     roundCorners(panel);
     addSeparator(panel, {0, barHeight, panelWidth, 0.5});

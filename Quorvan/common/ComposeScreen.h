@@ -2,12 +2,14 @@
 /// rows, the way to a chooser and back, and the keyboard.
 #pragma once
 
-#include "Quorvan/common/ChooserFrame.h"
 #include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
 #include "Quorvan/common/SettingRows.h"
+#include "Quorvan/common/TakeBack.h"
 #include "platform/uikit/UIActivity.h"
+#include "platform/uikit/UINavigationController.h"
 
 namespace quorvan {
 
@@ -42,8 +44,7 @@ public:
     }
 
 protected:
-    // The panel built last stays in the shared variables, and its table does not keep its delegate alive.
-    ~ComposeScreen() { forgetDelegates(accountName, *this); }
+    ~ComposeScreen() { takeBackDelegates(accountName, *this); }
 
     const UIActivity& activity() const { return _activity; }
 
@@ -59,12 +60,12 @@ private:
     }
 
     void viewDidAppear(bool) {
-        if (isOn(setting::focusAtOnce)) {
+        if (isOn(preference::focusAtOnce)) {
             self().input().becomeFirstResponder();
         }
     }
 
-    /// Nothing asks for it; kept for whoever does.
+    // docs/kept.md: spare messages
     void returnMethod() {
         accountName->reloadData();
         (void)cellForRow(accountName, NSIndexPath::forRow(2, 0));

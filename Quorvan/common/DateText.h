@@ -1,12 +1,13 @@
-/// Dates as the screens show them.
+/// Dates as the screens show them, and as the library reads hours off them.
 #pragma once
 
-#include "platform/foundation/NSDate.h"
-#include "platform/foundation/NSString.h"
+#include "platform/foundation/NSDateFormatter.h"
 
 namespace quorvan {
 
-/// The date in the person's time zone and words; the format is one of the platform's patterns.
-NSString dateText(const NSDate& date, const char* format);
+/// Writes one of the platform's patterns exactly as it stands, in the person's time zone.
+NSDateFormatter formatter(const char* pattern);
+/// The date by a formatter of its own.
+NSString dateText(const NSDate& date, const char* pattern);
 
 } // namespace quorvan

@@ -1,9 +1,8 @@
 /// The look that every screen of the library shares: a small white panel with a bar of its own, and hairlines.
 #pragma once
 
-#include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UINavigationBar.h"
-#include "platform/uikit/UITextView.h"
+#include "platform/uikit/UIView.h"
 
 namespace quorvan {
 
@@ -29,27 +28,12 @@ CGSize notePanelSize();
 UIView makePanel(CGSize size, CGPoint origin = panelOrigin);
 /// An empty bar for the top of a panel.
 UINavigationBar makeBar(CGFloat width);
+/// Adds the bar of a compose screen: the title between Cancel and Done, which send `cancel:` and `done:` to
+/// the screen. Gives the bar's item.
+UINavigationItem addComposeBar(const UIView& panel, const objc::Object& screen, const NSString& title);
 /// Rounds the panel's corners and clips its content to them.
 void roundCorners(const UIView& panel);
 /// Adds a separator to the panel.
 void addSeparator(const UIView& panel, CGRect frame);
-
-/// Adds the picture behind the panel, filling the frame.
-UIImageView addBackdrop(const UIView& screen, CGRect frame);
-/// Adds the bar of a compose screen: the title between Cancel and Done, which send `cancel:` and `done:` to
-/// the screen. Gives the bar's item.
-UINavigationItem addComposeBar(const UIView& panel, const objc::Object& screen, const NSString& title);
-/// Hides or shows every view of the screen.
-void setEverythingHidden(const UIView& screen, bool hidden);
-/// The middle of what a keyboard of this height leaves of the screen's view.
-CGPoint centerAboveKeyboard(const UIView& screen, CGFloat keyboardHeight);
-/// Takes every view off the screen, before it is built again for another orientation.
-void removeEverything(const UIView& screen);
-/// Fades the view in or out; the completion runs when that is done.
-void fade(const UIView& panel, CGFloat alpha, void (^completion)());
-/// Animates a change while the keyboard comes or goes.
-void glide(const char* name, void (^change)());
-/// The same, moving the view's centre.
-void glide(const char* name, const UIView& view, CGPoint center);
 
 } // namespace quorvan

@@ -28,10 +28,10 @@ NSString resourcePath(const char* name) {
 
 UIImage picture(const char* name) { return UIImage::withContentsOfFile(resourcePath(name)); }
 
-bool isOn(const char* setting) {
+bool isOn(const char* preference) {
     const NSString path =
         NSString::utf8(preferencesDirectory).stringByAppendingPathComponent(NSString::utf8(preferencesFile));
-    const auto value = NSDictionary::withContentsOfFile(path).at<NSNumber>(NSString::utf8(setting));
+    const auto value = NSDictionary::withContentsOfFile(path).at<NSNumber>(NSString::utf8(preference));
     return objc::isKind<NSNumber>(value) && value.boolValue();
 }
 

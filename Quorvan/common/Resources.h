@@ -21,15 +21,15 @@ NSString resourcePath(const char* name);
 /// A picture of the resource directory; nil when it is missing.
 UIImage picture(const char* name);
 
-/// What the person chose in the settings.
-namespace setting {
+/// The switches of the settings pane.
+namespace preference {
 inline constexpr const char* focusAtOnce = "SwitchCell1"; // the text input has the keyboard as soon as a screen appears
 inline constexpr const char* keepUnsavedText = "SwitchCell2"; // a cancelled note's text is there the next time
 inline constexpr const char* separateTitle = "SwitchCell3";   // a note has a title field of its own
-} // namespace setting
+} // namespace preference
 
 /// Whether a switch is on. Off when the preferences file or the key is missing or holds no number.
-bool isOn(const char* setting);
+bool isOn(const char* preference);
 
 /// Whether there is no text: nil or "".
 inline bool isEmpty(const NSString& text) { return text.length() == 0; }

@@ -1,40 +1,50 @@
 #include "Quorvan/common/SettingRows.h"
 
-#include "Quorvan/common/ChooserFrame.h"
 #include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
 #include "Quorvan/common/ScreenState.h"
+#include "Quorvan/common/Tables.h"
+#include "platform/uikit/UIImageView.h"
 
 namespace quorvan {
 
-UIView makeAccessory(const RowAccessory& row, const NSString& value) {
-    const auto accessory = UIView::withFrame(row.frame);
-    accessory.setBackgroundColor(UIColor::clear());
+UILabel makeValue(const RowAccessory& row) {
+    const auto value = UILabel::withFrame(row.value);
+    value.setFont(value.font().withSize(14));
+    value.setTextAlignment(NSTextAlignment::Right);
+    value.setTextColor(grey());
+    return value;
+}
 
-    const auto label = UILabel::withFrame(row.value);
-    label.setText(localized("Account")); // deliberate, though it is overwritten at once
-    label.setText(value);
-    label.setTextAlignment(NSTextAlignment::Right);
-    label.setFont(UIFont::system(row.fontSize));
-    label.setTextColor(grey());
-    accessory.addSubview(label);
-
+UIView makeAccessory(const RowAccessory& row, const UILabel& value) {
     const auto arrow = UIImageView::withFrame(row.arrow);
     arrow.setImage(picture("arrow.png"));
+
+    const auto accessory = UIView::withFrame(row.frame);
+    accessory.setBackgroundColor(UIColor::clear());
+    accessory.addSubview(value);
     accessory.addSubview(arrow);
     return accessory;
 }
 
+UIView makeAccessory(const RowAccessory& row, const NSString& value) {
+    const auto label = makeValue(row);
+    label.setText(value);
+    return makeAccessory(row, label);
+}
+
 UITableViewCell settingCell(const UITableView& table, const Setting& setting) {
-    const auto cell = plainCell(table, localized(setting.key));
-    cell.setAccessoryView(makeAccessory(setting.accessory, setting.value));
+    const auto cell = cellWithIdentifier(table, "Cell"_ns);
+    const auto value = makeValue(setting.accessory);
+    value.setText(localized("Account")); // docs/kept.md: a word for a value
+    cell.textLabel().setText(localized(setting.key));
+    value.setText(setting.value);
+    cell.setAccessoryView(makeAccessory(setting.accessory, value));
     return cell;
 }
 
 void addSettingsTable(const UIView& panel, const UIViewController& screen, CGRect frame) {
-    accountName = UITableView::withFrame(frame, UITableViewStyle::Plain);
-    accountName->setDelegate(screen);
-    accountName->setDataSource(screen);
+    accountName = makeTable(screen, frame);
     panel.addSubview(accountName);
     accountName->setScrollEnabled(false);
 }

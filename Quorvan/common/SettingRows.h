@@ -11,16 +11,19 @@ struct RowAccessory {
     CGRect frame;
     CGRect value;
     CGRect arrow;
-    CGFloat fontSize = 14;
 };
-/// A clear view that shows the value, right-aligned and grey, and the arrow after it.
+/// A label for a row's value, right-aligned and grey, without text yet.
+UILabel makeValue(const RowAccessory& row);
+/// A clear view with the value and the arrow after it.
+UIView makeAccessory(const RowAccessory& row, const UILabel& value);
+/// The same of a value that is known at once.
 UIView makeAccessory(const RowAccessory& row, const NSString& value);
 
-/// What a row reads: the key of its word, and the value.
+/// What a row of the settings table reads: the key of its word, and the value.
 struct Setting {
     const char* key;
     RowAccessory accessory;
-    const NSString& value;
+    NSString value;
 };
 UITableViewCell settingCell(const UITableView& table, const Setting& setting);
 

@@ -13,12 +13,13 @@ public:
     static constexpr auto titlesFile = "Events.plist";
     static constexpr auto controllerTitle = "Event";
     static constexpr auto barTitle = "Calendar";
+    static constexpr auto firstBarTitle = "Calendar";
     static constexpr auto reload = Reload::BeforeThePop;
     static objc::Int& marked() { return prevSelect; }
     static objc::Int& choice() { return chosenNum; }
     static objc::Global<NSString>& shown() { return elist; }
     UITableView& table() { return eCalendarTable; }
-    ~EventCalendar() { forgetDelegates(eCalendarTable); }
+    ~EventCalendar() { takeBackDelegates(eCalendarTable); }
 
 private:
     UITableView eCalendarTable;

@@ -13,12 +13,14 @@ namespace {
 /// An hour after the date by its clock; from 23 o'clock on the calendar goes on to the next day.
 NSDate anHourLater(const NSDate& date) {
     const auto gregorian = NSCalendar::withIdentifier(objc::borrow<NSString>(NSGregorianCalendar));
+    const objc::Int hour = hourOf(date);
+    const objc::Int minute = minuteOf(date);
     const auto components =
         gregorian.components(NSCalendarUnit::Year | NSCalendarUnit::Month | NSCalendarUnit::Day | NSCalendarUnit::Hour |
                                  NSCalendarUnit::Minute | NSCalendarUnit::Second | NSCalendarUnit::Weekday,
                              date);
-    components.setHour(hourOf(date) + 1);
-    components.setMinute(minuteOf(date));
+    components.setHour(hour + 1);
+    components.setMinute(minute);
     return gregorian.date(components);
 }
 
@@ -41,7 +43,7 @@ void EventController::define(objc::ClassTable<EventController>& c) {
 }
 
 EventController::~EventController() {
-    // The panel built last stays in the shared variables, and its fields do not keep their delegate alive.
+    // Their panel outlives the screen in the shared variables, and they do not keep their delegate alive.
     description.setDelegate(nullptr);
     location.setDelegate(nullptr);
 }
@@ -54,9 +56,10 @@ void EventController::firstStuff() {
 }
 
 void EventController::viewDidLoad() {
+    const NSString title = localized("Event");
     super<"viewDidLoad">();
     firstStuff();
-    startChooser(*this, localized("Event"));
+    startScreen(*this, title);
     reminderView = createReminder();
     showPanel(*this, reminderView);
     eRemind = localized("Never");
@@ -72,14 +75,15 @@ UIView EventController::createReminder() {
     description = UITextField::withFrame({16, 55.8125, 274, 23.625});
     location = UITextField::withFrame({16, 104.0625, 274, 23.625});
     addSeparator(panel, {16, 91.75, 274, 0.5});
-    location.setPlaceholder(localized("Location"));
-    description.setPlaceholder(localized("Description"));
     const UITextField fields[] = {description, location};
     for (const auto& field : fields) {
         field.setDelegate(*this);
         field.setReturnKeyType(UIReturnKeyType::Done);
-        panel.addSubview(field);
     }
+    location.setPlaceholder(localized("Location"));
+    description.setPlaceholder(localized("Description"));
+    panel.addSubview(description);
+    panel.addSubview(location);
 
     finishComposePanel(panel, *this);
     return panel;

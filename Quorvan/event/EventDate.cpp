@@ -2,11 +2,15 @@
 
 #include "Quorvan/common/ChooserFrame.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
 #include "Quorvan/common/SettingRows.h"
+#include "Quorvan/common/Tables.h"
+#include "Quorvan/common/TakeBack.h"
 #include "Quorvan/event/EventDateEnd.h"
 #include "Quorvan/event/EventDateStart.h"
 #include "Quorvan/event/EventTimes.h"
+#include "platform/uikit/UINavigationController.h"
 
 namespace quorvan {
 
@@ -31,7 +35,10 @@ void EventDate::initWithNibName(const NSString& nib, const NSObject& bundle) {
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
-EventDate::~EventDate() { forgetDelegates(dateOcccur, *this); }
+EventDate::~EventDate() {
+    takeBackDelegates(dateOcccur, *this);
+    takeBackTarget(allDayAllNight, *this);
+}
 
 void EventDate::viewWillAppear(bool) {
     if (dateOcccur) {
@@ -41,7 +48,7 @@ void EventDate::viewWillAppear(bool) {
 
 void EventDate::viewDidLoad() {
     super<"viewDidLoad">();
-    startChooser(*this, localized("Date"));
+    startScreen(*this, localized("Date"));
     showPanel(*this, createReminder());
     const NSDate now = NSDate::now();
     if (!startDate) {
@@ -53,11 +60,14 @@ void EventDate::viewDidLoad() {
 }
 
 UIView EventDate::createReminder() {
-    ChooserFrame frame(*this, chooserSize, localized("Date"));
-    frame.addSwitch(localized("All-day"), allDayer, 83.5);
+    ChooserFrame frame(*this, {panelOrigin, chooserSize}, "Date"_ns);
+    allDayAllNight = makeSwitch();
     allDayAllNight->addTarget(*this, objc::selector<"valueChanged:">(), UIControlEventValueChanged);
+    allDayAllNight->setOn(allDayer, false);
+    frame.addSwitch(allDayAllNight, localized("All-day"), 83.5);
     frame.addBar();
-    dateOcccur = frame.addTable(*this, {0, 84, panelWidth, 214}); // cut off below, by design
+    dateOcccur = makeTable(*this, {0, 84, panelWidth, 214}); // docs/kept.md: the panel cuts
+    frame.add(dateOcccur);
     dateOcccur->setScrollEnabled(false);
     return frame.finish();
 }

@@ -4,7 +4,10 @@
 #include "Quorvan/common/ChooserFrame.h"
 #include "Quorvan/common/DateText.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
+#include "Quorvan/common/TakeBack.h"
+#include "Quorvan/common/WaysBack.h"
 
 namespace quorvan {
 
@@ -28,27 +31,29 @@ public:
 
     void viewDidLoad() {
         this->template super<"viewDidLoad">();
-        startChooser(*this, localized(T::title));
+        startScreen(*this, localized(T::title));
         showPanel(*this, reminderList());
     }
 
     UIView reminderList() {
-        ChooserFrame frame(*this, {panelWidth, 184}, localized(T::title));
+        ChooserFrame frame(*this, {panelOrigin, {panelWidth, 184}}, NSString::utf8(T::title));
         frame.addBar();
-        T::picker() = frame.addPicker(*this, {0, 33, panelWidth, 162}); // covers the bar's lower edge, by design
+        T::picker() = makePicker(*this, {0, 33, panelWidth, 162}); // docs/kept.md: pickers overlap
         if (const NSDate first = T::firstDate()) {
             T::picker()->setDate(first, false);
         }
         if (allDayer) {
             T::picker()->setDatePickerMode(UIDatePickerMode::Date);
         }
+        frame.add(T::picker());
         return frame.finish();
     }
 
     /// Takes over what the picker shows. Any date will do: an end before the start is not questioned here.
     void pickerChanged(const objc::Object&) {
+        const auto writer = formatter(allDayer ? "dd/MM" : "dd/MM HH:mm");
         T::date() = T::picker()->date();
-        T::text() = dateText(T::date(), allDayer ? "dd/MM" : "dd/MM HH:mm");
+        T::text() = writer.string(T::date());
         accountName->reloadData();
         dateOcccur->reloadData();
     }
@@ -59,6 +64,9 @@ public:
     }
 
     void didReceiveMemoryWarning() { this->template super<"didReceiveMemoryWarning">(); }
+
+protected:
+    ~EventDateChooser() { takeBackTarget(T::picker(), *this); }
 };
 
 } // namespace quorvan

@@ -2,9 +2,13 @@
 
 #include "Quorvan/common/ChooserFrame.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
 #include "Quorvan/common/SettingRows.h"
+#include "Quorvan/common/Tables.h"
+#include "Quorvan/common/TakeBack.h"
 #include "Quorvan/event/EventRemindEnd.h"
+#include "platform/uikit/UINavigationController.h"
 
 namespace quorvan {
 
@@ -17,19 +21,18 @@ NSString intervalText(objc::Int row) {
     return localized(row >= 0 && row <= 4 ? keys[row] : "Every Year");
 }
 
-/// The arrow is put on unless the cell reads "Every Year", which no cell of its kind does; kept as it is.
 void fillEndDate(const UITableViewCell& cell) {
-    if (!cell.textLabel().text().isEqualToString(localized("Every Year"))) {
-        cell.setAccessoryView(makeAccessory(
-            {.frame = {153, 0, 107, 28}, .value = {0, 5, 98, 17}, .arrow = {100, 8.5, 7, 10.5}}, eventRemindEnd));
+    const auto accessory = makeAccessory(
+        {.frame = {153, 0, 107, 28}, .value = {0, 5, 98, 17}, .arrow = {100, 8.5, 7, 10.5}}, eventRemindEnd);
+    if (!cell.textLabel().text().isEqualToString(localized("Every Year"))) { // docs/kept.md: the last interval
+        cell.setAccessoryView(accessory);
     }
     cell.textLabel().setText(localized("End Date"));
 }
 
-/// A checkmark does not outlast a reload, by design.
 void fillInterval(const UITableViewCell& cell, objc::Int row) {
     cell.textLabel().setText(intervalText(row));
-    cell.setAccessoryType(UITableViewCellAccessoryType::None);
+    cell.setAccessoryType(UITableViewCellAccessoryType::None); // docs/kept.md: checkmarks go
 }
 
 } // namespace
@@ -55,12 +58,12 @@ void EventRemind::initWithNibName(const NSString& nib, const NSObject& bundle) {
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
-EventRemind::~EventRemind() { forgetDelegates(eRemindTable, *this); }
+EventRemind::~EventRemind() { takeBackDelegates(eRemindTable, *this); }
 
 void EventRemind::viewDidLoad() {
     super<"viewDidLoad">();
-    eventRemindEnd = localized("Never"); // deliberate: the row forgets, the end chosen before stays
-    startChooser(*this, localized("Repeat"));
+    eventRemindEnd = localized("Never"); // docs/kept.md: rows forget, choices stay
+    startScreen(*this, localized("Repeat"));
     showPanel(*this, reminderList());
 }
 
@@ -71,9 +74,10 @@ void EventRemind::viewWillAppear(bool) {
 }
 
 UIView EventRemind::reminderList() {
-    ChooserFrame frame(*this, chooserSize, localized("Repeat"));
+    ChooserFrame frame(*this, {panelOrigin, chooserSize}, "Repeat"_ns);
     frame.addBar();
-    eRemindTable = frame.addTable(*this);
+    eRemindTable = makeTable(*this, frame.belowBar());
+    frame.add(eRemindTable);
     return frame.finish();
 }
 

@@ -3,7 +3,10 @@
 #include "Quorvan/common/ChooserFrame.h"
 #include "Quorvan/common/DateText.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
+#include "Quorvan/common/TakeBack.h"
+#include "Quorvan/common/WaysBack.h"
 
 namespace quorvan {
 
@@ -20,36 +23,46 @@ void EventRemindEnd::initWithNibName(const NSString& nib, const NSObject& bundle
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
+EventRemindEnd::~EventRemindEnd() { takeBackTarget(endrPicker, *this); }
+
 void EventRemindEnd::viewDidLoad() {
     super<"viewDidLoad">();
-    startChooser(*this, localized("Date"));
+    startScreen(*this, localized("Date"));
     showPanel(*this, reminderList());
 }
 
 UIView EventRemindEnd::reminderList() {
-    ChooserFrame frame(*this, chooserSize, localized("Date"), quarterOrigin(chooserSize.height));
-    frame.addSwitch(localized("Never"), false, 84);
+    ChooserFrame frame(*this, {quarterOrigin(chooserSize.height), chooserSize}, "Date"_ns);
+    allDayAllNight = makeSwitch();
+    allDayAllNight->setOn(false, false);
+    frame.addSwitch(allDayAllNight, localized("Never"), 84);
     frame.addBar();
-    endrPicker = frame.addPicker(*this, {0, 67.5, panelWidth, 216}); // covers the switch's row in part, by design
+    endrPicker = makePicker(*this, {0, 67.5, panelWidth, 216}); // docs/kept.md: pickers overlap
     endrPicker->setDatePickerMode(UIDatePickerMode::Date);
+    frame.add(endrPicker);
     return frame.finish();
 }
 
-/// Takes over what the picker shows, unless the repetition never ends.
-void EventRemindEnd::pickerChanged(const objc::Object&) {
+void EventRemindEnd::pickerChanged(const objc::Object&) { takeDate(); }
+
+/// Takes over what the picker shows, unless the repetition never ends. Gives what it shows.
+NSDate EventRemindEnd::takeDate() {
+    const auto writer = formatter("dd/MM");
+    const NSDate date = endrPicker->date();
     if (!allDayAllNight->isOn()) {
-        eventRemindEndDate = endrPicker->date();
-        eventRemindEnd = dateText(endrPicker->date(), "dd/MM");
+        eventRemindEndDate = date;
+        eventRemindEnd = writer.string(date);
     }
+    return date;
 }
 
-void EventRemindEnd::back(const objc::Object& sender) {
+void EventRemindEnd::back(const objc::Object&) {
     neverOrNot = allDayAllNight->isOn();
-    pickerChanged(sender);
+    const NSDate date = takeDate();
     if (neverOrNot) {
         eventRemindEnd = localized("Never");
     }
-    eventRemindEndDate = endrPicker->date(); // even where it never ends: the flag tells
+    eventRemindEndDate = date; // even where it never ends: the flag tells
     eRemindTable->reloadData();
     popToSecond(*this);
 }

@@ -7,16 +7,18 @@ namespace quorvan {
 
 namespace {
 
-/// The chosen calendar, or the default one. A place past the end raises, by design.
+/// The chosen calendar, or the default one.
 EKCalendar chosenCalendar(const EKEventStore& store, const NSArray& calendars) {
-    return chosenNum < 0 ? store.defaultCalendarForNewEvents()
-                         : calendars.at<EKCalendar>(static_cast<objc::UInt>(chosenNum));
+    const objc::Int place = chosenNum;
+    return place < 0 ? store.defaultCalendarForNewEvents()
+                     : calendars.at<EKCalendar>(static_cast<objc::UInt>(place)); // docs/kept.md: a place past the end
 }
 
 /// None for a repetition without end; none either where no end was ever picked, which only the flag's other use
 /// for reminders can bring about: the platform raises for an end without a date.
 EKRecurrenceEnd repetitionEnd() {
-    return neverOrNot || !eventRemindEndDate ? EKRecurrenceEnd() : EKRecurrenceEnd::withEndDate(eventRemindEndDate);
+    const NSDate end = eventRemindEndDate;
+    return neverOrNot || !end ? EKRecurrenceEnd() : EKRecurrenceEnd::withEndDate(end);
 }
 
 /// nil where the event does not repeat.
@@ -51,7 +53,8 @@ void EventController::done(const objc::Object&) {
     activity().activityDidFinish(true);
 }
 
-/// Runs on a thread of the store's choosing, when the screen may be gone already.
+/// Runs on a thread of the store's choosing, when the screen may be gone already and another may change what they
+/// share: of that each value is read once.
 void EventController::save(const EKEventStore& store) {
     const NSArray calendars = store.calendars(EKEntityType::Event);
     const auto event = EKEvent::withEventStore(store);
@@ -59,7 +62,7 @@ void EventController::save(const EKEventStore& store) {
     event.setAllDay(allDayer);
     event.setTitle(description.text());
     event.setLocation(location.text());
-    event.setStartDate(NSDate::now()); // overwritten at once, by design
+    event.setStartDate(NSDate::now()); // docs/kept.md: a start at once
     event.setStartDate(startingDate);
     event.setEndDate(endingDate);
     event.setAlarms(NSArray::of(EKAlarm::withRelativeOffset(0)));
@@ -67,7 +70,8 @@ void EventController::save(const EKEventStore& store) {
         event.addRecurrenceRule(rule);
     }
     if (!isEmpty(description.text())) {
-        store.saveEvent(event, EKSpan::FutureEvents, true);
+        NSError ignored;
+        store.saveEvent(event, EKSpan::FutureEvents, true, &ignored);
     }
 }
 

@@ -12,7 +12,7 @@ objc::Int minuteOf(const NSDate& date);
 
 /// "14:37"
 NSString clockText(const NSDate& date);
-/// The same an hour later: "15:37". The hour is neither padded nor wrapped, by design: "9:05", "24:40".
+/// The same an hour later: "15:37", but also "9:05" and "24:40" (docs/kept.md: the end's hour).
 NSString clockTextAnHourLater(const NSDate& date);
 /// "14:37 - 15:37", of its two ends.
 NSString rangeText(const NSString& start, const NSString& end);

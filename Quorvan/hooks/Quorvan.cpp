@@ -29,7 +29,7 @@ void addTapArea(id callScreen) {
     area.addGestureRecognizer(UITapGestureRecognizer::with(controller, objc::selector<"invokeShare:">()));
 }
 
-/// The newer call screen. One area more each time it appears, by design: one tap still opens one sheet.
+/// The newer call screen (docs/kept.md: one area more).
 void newerScreenAppeared(id self, SEL selector, objc::UInt animated) {
     newerDidAppear(self, selector, animated);
     addTapArea(self);
@@ -40,7 +40,7 @@ void olderScreenLoaded(id self, SEL selector) {
     addTapArea(self);
 }
 
-// Hooked although they add nothing.
+// docs/kept.md: hooks that add nothing
 void olderScreenLoadsView(id self, SEL selector) { olderLoadView(self, selector); }
 void olderScreenAppeared(id self, SEL selector, objc::UInt animated) { olderDidAppear(self, selector, animated); }
 
@@ -82,14 +82,12 @@ void invokeShare(id self, SEL) {
     const auto sheet = UIActivityViewController::with(NSArray::of(""_ns), activities);
     sheet.setModalTransitionStyle(UIModalTransitionStyle::CoverVertical);
     sheet.setExcludedActivityTypes(excludedTypes());
-    if (sheet) {
-        const auto callScreen = objc::borrow<UIViewController>(self);
-        anchorToTapArea(sheet, callScreen);
-        callScreen.present(sheet, true, nullptr);
-    }
+    const auto callScreen = objc::borrow<UIViewController>(self);
+    anchorToTapArea(sheet, callScreen);
+    callScreen.present(sheet, true, nullptr);
 }
 
-constexpr const char* invokeShareEncoding = "v@:";
+constexpr const char* invokeShareEncoding = "v@:"; // docs/kept.md: no argument
 
 __attribute__((constructor)) void load() {
     const Class newer = objc_getClass("PHCallViewController");

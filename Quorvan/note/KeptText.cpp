@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* file = "noteText.plist";
 
-// The names are crossed over by design: "Title" holds the text, "Header" the title.
+// docs/kept.md: crossed names
 constexpr const char* textKey = "Title";
 constexpr const char* titleKey = "Header";
 
@@ -25,7 +25,7 @@ NSString savedText(const NSDictionary& saved, const char* key) {
 } // namespace
 
 KeptText KeptText::read() {
-    const bool wanted = isOn(setting::keepUnsavedText);
+    const bool wanted = isOn(preference::keepUnsavedText);
     const auto saved = NSDictionary::withContentsOfFile(resourcePath(file));
     if (!wanted) {
         return {};
@@ -40,13 +40,11 @@ KeptText KeptText::read() {
     return kept;
 }
 
-bool KeptText::write(const NSString& text, const NSString& title) {
+void KeptText::write() const {
     const auto saved = objc::make<NSMutableDictionary>();
-    saved.set(text ? text : ""_ns, NSString::utf8(textKey));
+    saved.set(text ? text : NSString::utf8(noText), NSString::utf8(textKey));
     saved.set(title ? title : NSString::utf8(noTitle), NSString::utf8(titleKey));
-    return saved.writeToFile(resourcePath(file), true);
+    (void)saved.writeToFile(resourcePath(file), true);
 }
-
-void KeptText::reset() { write(NSString::utf8(noText), nullptr); }
 
 } // namespace quorvan

@@ -11,10 +11,7 @@ struct KeptText {
 
     /// What the next note starts with; nothing while the person does not want texts kept.
     static KeptText read();
-    /// Writes the note's text and title as they stand; a nil title is written as none.
-    static bool write(const NSString& text, const NSString& title);
-    /// Writes that nothing is kept.
-    static void reset();
+    void write() const;
 };
 
 } // namespace quorvan

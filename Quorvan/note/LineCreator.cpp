@@ -13,7 +13,7 @@ void LineCreator::initWithFrame(CGRect frame) { super<"initWithFrame:">(frame); 
 void LineCreator::drawRect(CGRect rect) {
     super<"drawRect:">(rect);
 
-    // Deliberately fixed, whatever the view's size: of a hairline only the diagonal's corner shows.
+    // docs/kept.md: the line's own drawing
     const auto context = UIGraphicsGetCurrentContext();
     CGContextSetStrokeColorWithColor(context, grey().CGColor());
     CGContextSetLineWidth(context, 2);

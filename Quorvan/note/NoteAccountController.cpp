@@ -1,11 +1,13 @@
 #include "Quorvan/note/NoteAccountController.h"
 
 #include "Quorvan/common/ChooserFrame.h"
-#include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
+#include "Quorvan/common/Tables.h"
+#include "Quorvan/common/TakeBack.h"
+#include "Quorvan/common/WaysBack.h"
 #include "platform/uikit/UIDevice.h"
-#include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIScreen.h"
 
 namespace quorvan {
@@ -63,11 +65,12 @@ void NoteAccountController::initWithNibName(const NSString& nib, const NSObject&
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
-NoteAccountController::~NoteAccountController() { forgetDelegates(nAtable); }
+NoteAccountController::~NoteAccountController() { takeBackDelegates(nAtable); }
 
 void NoteAccountController::viewDidLoad() {
     super<"viewDidLoad">();
-    const auto backdrop = startChooser(*this, screenSize(), "Note"_ns);
+    const auto backdrop = addBackdrop(view(), {{0, 0}, screenSize()});
+    titleScreen(*this, "Note"_ns);
     const UIView panel = createNote();
     panel.setCenter(backdrop.center());
     view().addSubview(panel);
@@ -78,9 +81,10 @@ void NoteAccountController::didReceiveMemoryWarning() { super<"didReceiveMemoryW
 UIView NoteAccountController::createNote() {
     const CGSize size = notePanelSize();
     const CGFloat line = hairline();
-    ChooserFrame frame(*this, size, localized("Account"));
+    ChooserFrame frame(*this, {panelOrigin, size}, "Account"_ns);
     frame.addBar();
-    nAtable = frame.addTable(*this, {0, barHeight + line, size.width, size.height - line - barHeight});
+    nAtable = makeTable(*this, {0, barHeight + line, size.width, size.height - line - barHeight});
+    frame.add(nAtable);
     return frame.finish(line);
 }
 
@@ -93,7 +97,7 @@ objc::Int NoteAccountController::numberOfRows(const UITableView&, objc::Int) {
 UITableViewCell NoteAccountController::cellForRow(const UITableView& table, const NSIndexPath& path) {
     const auto context = NoteContext::make();
     const auto store = context.allStores().at<NoteStoreObject>(static_cast<objc::UInt>(path.row()));
-    (void)context.defaultStoreForNewNote();
+    (void)context.defaultStoreForNewNote(); // docs/kept.md: questions whose answer nobody reads
     const NSString name = store.account().name();
     return plainCell(table, name.isEqualToString(NSString::utf8(localAccount)) ? deviceName() : name);
 }

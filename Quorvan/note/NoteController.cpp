@@ -1,10 +1,13 @@
 #include "Quorvan/note/NoteController.h"
 
-#include "Quorvan/common/ChooserFrame.h"
+#include "Quorvan/common/Motion.h"
 #include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
 #include "Quorvan/common/SettingRows.h"
+#include "Quorvan/common/Tables.h"
+#include "Quorvan/common/TakeBack.h"
 #include "Quorvan/note/KeptText.h"
 #include "Quorvan/note/NoteAccountController.h"
 #include "platform/foundation/NSNotification.h"
@@ -79,7 +82,7 @@ NoteController::~NoteController() {
     // The panel built last stays in the shared variables, and it does not keep its delegates alive.
     note.setDelegate(nullptr);
     titleField.setDelegate(nullptr);
-    forgetDelegates(accountName, *this);
+    takeBackDelegates(accountName, *this);
     NSNotificationCenter::defaultCenter().removeObserver(*this);
 }
 
@@ -106,7 +109,7 @@ void NoteController::viewWillAppear(bool animated) {
 
 void NoteController::viewDidAppear(bool animated) {
     super<"viewDidAppear:">(animated);
-    if (isOn(setting::focusAtOnce)) {
+    if (isOn(preference::focusAtOnce)) {
         note.becomeFirstResponder();
     }
 }
@@ -115,17 +118,17 @@ void NoteController::didReceiveMemoryWarning() { super<"didReceiveMemoryWarning"
 
 void NoteController::repeatedCreations() {
     addBackdrop(view(), view().bounds());
-    setTitle("Note"_ns);
-    navigationController().setNavigationBarHidden(true, false);
+    titleScreen(*this, "Note"_ns);
 
     noteView = createNote();
     noteView->setCenter(view().center());
     noteView->setAlpha(0);
     view().addSubview(noteView);
-    fade(noteView, 1, nullptr);
+    fadeIn(noteView);
 }
 
 UIView NoteController::createNote() {
+    const bool hasTitle = isOn(preference::separateTitle);
     const CGFloat line = hairline();
     const CGFloat width = notePanelSize().width;
     const auto panel = makePanel(notePanelSize());
@@ -133,8 +136,8 @@ UIView NoteController::createNote() {
     navigItem = addComposeBar(panel, *this, localized("Note"));
 
     note = UITextView::make();
-    if (isOn(setting::separateTitle)) {
-        // With a title the text reaches below the top of the account row, which lies above it by design.
+    if (hasTitle) {
+        // docs/kept.md: the account row lies over the text's end
         note.setFrame({0, 2 * line + titleBottom, width, textHeight()});
         addTitle(panel);
     } else {
@@ -178,6 +181,7 @@ void NoteController::addText(const UIView& panel) {
     panel.addSubview(note);
 }
 
+// docs/kept.md: spare messages
 void NoteController::registerForKeyboardNotifications() {
     NSNotificationCenter::defaultCenter().addObserver(*this, objc::selector<"keyboardWasShown:">(),
                                                       objc::borrow<NSString>(UIKeyboardDidShowNotification), nullptr);
@@ -244,10 +248,10 @@ objc::Int NoteController::numberOfSections(const UITableView&) { return 1; }
 objc::Int NoteController::numberOfRows(const UITableView&, objc::Int) { return 1; }
 
 UITableViewCell NoteController::cellForRow(const UITableView& table, const NSIndexPath&) {
-    return settingCell(
-        table, {.key = "Account",
-                .accessory = {.frame = {103, 0, 150, 28}, .value = {0, 5, 139.5, 17}, .arrow = {141.5, 8.5, 7, 10.5}},
-                .value = nAccount});
+    const auto cell = plainCell(table, localized("Account"));
+    cell.setAccessoryView(makeAccessory(
+        {.frame = {103, 0, 150, 28}, .value = {0, 5, 139.5, 17}, .arrow = {141.5, 8.5, 7, 10.5}}, nAccount));
+    return cell;
 }
 
 void NoteController::didSelectRow(const UITableView&, const NSIndexPath& path) {

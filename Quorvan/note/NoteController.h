@@ -53,7 +53,6 @@ private:
     // Done and Cancel (NoteSaving.cpp)
     void done(const objc::Object& sender);
     void cancel(const objc::Object& sender);
-    void finish();
 
     void keepTexts();
 

@@ -1,6 +1,6 @@
 // How a note ends: Done writes it into the Notes store, Cancel may keep its text for the next time.
 
-#include "Quorvan/common/Panel.h"
+#include "Quorvan/common/Motion.h"
 #include "Quorvan/common/Resources.h"
 #include "Quorvan/common/ScreenState.h"
 #include "Quorvan/note/KeptText.h"
@@ -11,8 +11,9 @@ namespace quorvan {
 
 namespace {
 
+/// A line break is one whatever follows it: a mark that joins with it makes it no other character.
 NSString firstLine(const NSString& text) {
-    const NSRange lineBreak = text.rangeOfString("\n"_ns);
+    const NSRange lineBreak = text.rangeOfString("\n"_ns, NSLiteralSearch);
     return lineBreak.location == NSNotFound ? text : text.substringToIndex(lineBreak.location);
 }
 
@@ -30,7 +31,7 @@ void NoteController::done(const objc::Object&) {
     context.enableChangeLogging(true);
     const auto managed = context.managedObjectContext();
     const auto defaultStore = context.defaultStoreForNewNote();
-    const bool separateTitle = isOn(setting::separateTitle);
+    const bool separateTitle = isOn(preference::separateTitle);
     const auto store = storeNum < 0 ? defaultStore : chosenStore(stores);
 
     // Made before it is known whether there is anything to save: of an empty note they stay unsaved.
@@ -60,29 +61,22 @@ void NoteController::done(const objc::Object&) {
         newNote.setCreationDate(NSDate::now());
         newNote.setModificationDate(NSDate::now());
         context.saveOutsideApp(nullptr);
-        KeptText::reset();
+        KeptText().write();
     }
-    finish();
+    fadeOut(noteView, _activity);
 }
 
 void NoteController::cancel(const objc::Object&) {
-    const bool keepsText = isOn(setting::keepUnsavedText);
-    const bool separateTitle = isOn(setting::separateTitle);
+    const bool keepsText = isOn(preference::keepUnsavedText);
+    const bool separateTitle = isOn(preference::separateTitle);
     if (keepsText) {
         const NSString title = titleField.text();
         const bool keepsTitle = separateTitle && !isEmpty(title) && !title.isEqualToString(localized("Title"));
-        // Written twice in a row, by design.
-        KeptText::write(note.text(), keepsTitle ? title : NSString());
-        KeptText::write(note.text(), keepsTitle ? title : NSString());
+        const KeptText kept{note.text(), keepsTitle ? title : NSString()};
+        kept.write();
+        kept.write(); // docs/kept.md: written twice
     }
-    finish();
-}
-
-void NoteController::finish() {
-    const UIActivity activity = _activity;
-    fade(noteView, 0, ^{
-      activity.activityDidFinish(true);
-    });
+    fadeOut(noteView, _activity);
 }
 
 } // namespace quorvan

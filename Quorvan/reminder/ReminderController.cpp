@@ -1,5 +1,6 @@
 #include "Quorvan/reminder/ReminderController.h"
 
+#include "Quorvan/common/Motion.h"
 #include "Quorvan/reminder/ReminderDate.h"
 #include "Quorvan/reminder/ReminderList.h"
 #include "Quorvan/reminder/ReminderPriority.h"
@@ -29,12 +30,12 @@ void ReminderController::define(objc::ClassTable<ReminderController>& c) {
         .action<"cancel:", &ReminderController::cancel>();
 }
 
-// The panel built last stays in the shared variables, and its text does not keep its delegate alive.
+// Its panel outlives the screen in the shared variables, and the text does not keep its delegate alive.
 ReminderController::~ReminderController() { note.setDelegate(nullptr); }
 
 void ReminderController::viewDidLoad() {
     super<"viewDidLoad">();
-    startChooser(*this, localized("Reminder"));
+    startScreen(*this, localized("Reminder"));
     reminderView = createReminder();
     showPanel(*this, reminderView);
     type = localized("None");
@@ -111,11 +112,6 @@ UIViewController ReminderController::chooserAt(objc::Int row) {
     }
 }
 
-void ReminderController::cancel(const objc::Object&) {
-    const auto self = objc::as<objc::Ref<ReminderController>>(*this);
-    fade(reminderView, 0, ^{
-      self->activity().activityDidFinish(true);
-    });
-}
+void ReminderController::cancel(const objc::Object&) { fadeOut(reminderView, activity()); }
 
 } // namespace quorvan

@@ -2,9 +2,11 @@
 
 #include "Quorvan/common/ChooserFrame.h"
 #include "Quorvan/common/DateText.h"
-#include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
+#include "Quorvan/common/TakeBack.h"
+#include "Quorvan/common/WaysBack.h"
 
 namespace quorvan {
 
@@ -30,17 +32,22 @@ void ReminderDate::initWithNibName(const NSString& nib, const NSObject& bundle) 
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
+ReminderDate::~ReminderDate() { takeBackTarget(myPicker, *this); }
+
 void ReminderDate::viewDidLoad() {
     super<"viewDidLoad">();
-    startChooser(*this, localized("Reminder"));
+    startScreen(*this, localized("Reminder"));
     showPanel(*this, reminderList());
 }
 
 UIView ReminderDate::reminderList() {
-    ChooserFrame frame(*this, chooserSize, localized("Date"));
-    frame.addSwitch(localized("Remind Me"), true, 84);
+    ChooserFrame frame(*this, {panelOrigin, chooserSize}, "Date"_ns);
+    allDayAllNight = makeSwitch();
+    allDayAllNight->setOn(true, false);
+    frame.addSwitch(allDayAllNight, localized("Remind Me"), 84);
     frame.addBar();
-    myPicker = frame.addPicker(*this, {0, 67.5, panelWidth, 216});
+    myPicker = makePicker(*this, {0, 67.5, panelWidth, 216});
+    frame.add(myPicker);
     return frame.finish();
 }
 

@@ -9,6 +9,7 @@ class ReminderDate : public objc::Defines<ReminderDate, UIViewController> {
 public:
     static constexpr auto objc_name = "ReminderDate";
     static void define(objc::ClassTable<ReminderDate>& c);
+    ~ReminderDate();
 
 private:
     void initWithNibName(const NSString& nib, const NSObject& bundle);

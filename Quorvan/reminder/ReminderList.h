@@ -13,12 +13,13 @@ public:
     static constexpr auto titlesFile = "Reminders.plist";
     static constexpr auto controllerTitle = "Reminder";
     static constexpr auto barTitle = "List";
+    static constexpr auto firstBarTitle = "Reminder";
     static constexpr auto reload = Reload::AfterThePop;
     static objc::Int& marked() { return prevSelection; }
     static objc::Int& choice() { return chosen; }
     static objc::Global<NSString>& shown() { return rlist; }
     UITableView& table() { return rListTable; }
-    ~ReminderList() { forgetDelegates(rListTable); }
+    ~ReminderList() { takeBackDelegates(rListTable); }
 
 private:
     UITableView rListTable;

@@ -1,9 +1,12 @@
 #include "Quorvan/reminder/ReminderPriority.h"
 
 #include "Quorvan/common/ChooserFrame.h"
-#include "Quorvan/common/Panel.h"
 #include "Quorvan/common/Resources.h"
+#include "Quorvan/common/Screen.h"
 #include "Quorvan/common/ScreenState.h"
+#include "Quorvan/common/Tables.h"
+#include "Quorvan/common/TakeBack.h"
+#include "Quorvan/common/WaysBack.h"
 
 namespace quorvan {
 
@@ -25,19 +28,20 @@ void ReminderPriority::initWithNibName(const NSString& nib, const NSObject& bund
     super<"initWithNibName:bundle:">(nib, bundle);
 }
 
-ReminderPriority::~ReminderPriority() { forgetDelegates(reminderPriorTable); }
+ReminderPriority::~ReminderPriority() { takeBackDelegates(reminderPriorTable); }
 
 void ReminderPriority::viewDidLoad() {
-    type = localized("None"); // deliberate: the row forgets, the priority chosen before stays
+    type = localized("None"); // docs/kept.md: rows forget, choices stay
     super<"viewDidLoad">();
-    startChooser(*this, "Reminder"_ns);
+    startScreen(*this, "Reminder"_ns);
     showPanel(*this, reminderList());
 }
 
 UIView ReminderPriority::reminderList() {
-    ChooserFrame frame(*this, chooserSize, localized(localized("Priority"))); // looked up twice, by design
+    ChooserFrame frame(*this, {panelOrigin, chooserSize}, localized("Priority")); // docs/kept.md: looked up twice
     frame.addBar();
-    reminderPriorTable = frame.addTable(*this);
+    reminderPriorTable = makeTable(*this, frame.belowBar());
+    frame.add(reminderPriorTable);
     return frame.finish();
 }
 

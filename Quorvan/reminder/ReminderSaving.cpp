@@ -17,13 +17,13 @@ objc::Int priorityOf(objc::Int row) {
 }
 
 /// The list at the chosen place; the default one when none is chosen or the place is not there any more.
-EKCalendar chosenList(const EKEventStore& store) {
-    const bool exists = chosen >= 0 && static_cast<objc::UInt>(chosen) < identifiersSaved->count();
-    return exists ? identifiersSaved->at<EKCalendar>(static_cast<objc::UInt>(chosen))
-                  : store.defaultCalendarForNewReminders();
+EKCalendar chosenList(const EKEventStore& store, const NSArray& lists) {
+    const objc::Int place = chosen;
+    const bool exists = place >= 0 && static_cast<objc::UInt>(place) < lists.count();
+    return exists ? lists.at<EKCalendar>(static_cast<objc::UInt>(place)) : store.defaultCalendarForNewReminders();
 }
 
-NSDateComponents minuteOf(const NSDate& date) {
+NSDateComponents componentsToTheMinute(const NSDate& date) {
     const auto gregorian = NSCalendar::withIdentifier(objc::borrow<NSString>(NSGregorianCalendar));
     return gregorian.components(NSCalendarUnit::Year | NSCalendarUnit::Month | NSCalendarUnit::Day |
                                     NSCalendarUnit::Hour | NSCalendarUnit::Minute,
@@ -45,22 +45,26 @@ void ReminderController::done(const objc::Object&) {
     activity().activityDidFinish(true);
 }
 
-/// Runs on a thread of the store's choosing, when the screen may be gone already.
+/// Runs on a thread of the store's choosing, when the screen may be gone already and another may change what they
+/// share: of that each value is read once.
 void ReminderController::save(const EKEventStore& store) {
-    identifiersSaved = store.calendars(EKEntityType::Reminder);
+    const NSArray lists = store.calendars(EKEntityType::Reminder);
+    identifiersSaved = lists;
     const auto reminder = EKReminder::withEventStore(store);
-    reminder.setCalendar(chosenList(store));
-    const NSString text = note.text();
-    reminder.setTitle(text);
-    const NSDate now = NSDate::now();
+    reminder.setCalendar(chosenList(store, lists));
+    reminder.setTitle(note.text());
+    const NSDate alarm = remDate;
+    const auto start = componentsToTheMinute(NSDate::now());
+    const auto due = alarm ? componentsToTheMinute(alarm) : NSDateComponents(); // of no date nobody knows any
     reminder.setPriority(priorityOf(prior));
-    if (remDate && neverOrNot) {
-        reminder.setStartDateComponents(minuteOf(now));
-        reminder.setDueDateComponents(minuteOf(remDate));
-        reminder.setAlarms(NSArray::of(EKAlarm::withAbsoluteDate(remDate)));
+    if (alarm && neverOrNot) {
+        reminder.setStartDateComponents(start);
+        reminder.setDueDateComponents(due);
+        reminder.setAlarms(NSArray::of(EKAlarm::withAbsoluteDate(alarm)));
     }
-    if (!text.isEqualToString(placeholder("Description"))) {
-        store.saveReminder(reminder, true);
+    if (!note.text().isEqualToString(placeholder("Description"))) {
+        NSError ignored;
+        store.saveReminder(reminder, true, &ignored);
     }
 }
 

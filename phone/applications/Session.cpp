@@ -6,6 +6,7 @@
 #include "phone/eventkit/AccessRequests.h"
 #include "phone/foundation/Text.h"
 #include "phone/foundation/WallClock.h"
+#include "phone/uikit/Application.h"
 #include "phone/uikit/Compositor.h"
 #include "phone/uikit/HeldScreen.h"
 #include "phone/uikit/Interface.h"
@@ -17,6 +18,9 @@
 #include "platform/uikit/UIPasteboard.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
 
 namespace phone {
 
@@ -26,6 +30,8 @@ using nlohmann::json;
 
 /// What moves for longer than this moves for ever.
 constexpr double longestSettling = 60; // seconds
+/// How soon to look again for what an answer of the store that is under way leaves to the main thread.
+constexpr double nextLook = 0.02; // seconds
 
 const char* nameOf(CallService::Phase phase) {
     static constexpr const char* names[] = {"idle", "ringing", "active", "held", "ended"};
@@ -45,10 +51,15 @@ json whatThePhoneDoes() {
 /// whether that comes to an end by itself.
 void addTimes(json& answer) {
     const RunLoop& loop = RunLoop::main();
-    if (const double next = loop.nextTimer(); next >= 0) {
-        answer["next"] = std::max(0.0, next - loop.now());
+    const bool isAnswering = eventkit::AccessRequests::shared().isAnswering();
+    double next = isAnswering ? nextLook : std::numeric_limits<double>::infinity();
+    if (const double timer = loop.nextTimer(); timer >= 0) {
+        next = std::min(next, std::max(0.0, timer - loop.now()));
     }
-    answer["moving"] = loop.nextMovement() >= 0;
+    if (std::isfinite(next)) {
+        answer["next"] = next;
+    }
+    answer["moving"] = loop.nextMovement() >= 0 || isAnswering;
 }
 
 } // namespace
@@ -128,6 +139,8 @@ json Session::perform(const json& command) {
         command.value("runs", false) ? WallClock::run(moment) : WallClock::set(moment);
     } else if (what == "setStoreAnswers") {
         letStoresAnswer(command.at("when"));
+    } else if (what == "memoryWarning") {
+        Application::of(UIApplication::shared())->warnOfMemory();
     } else if (what == "setOrientation") {
         const std::string orientation = command.at("orientation");
         if (!HeldScreen::shared().turn(orientation)) {
@@ -168,10 +181,13 @@ void Session::deliverTouch(const json& command) {
 
 void Session::letStoresAnswer(const std::string& when) {
     using Answers = eventkit::AccessRequests::Answers;
-    if (when != "late" && when != "early") {
-        throw ScreenError("a store answers late or early, not " + when);
+    static const std::map<std::string, Answers> words = {
+        {"late", Answers::Late}, {"early", Answers::Early}, {"concurrent", Answers::Concurrent}};
+    const auto found = words.find(when);
+    if (found == words.end()) {
+        throw ScreenError("a store answers late, early or concurrent, not " + when);
     }
-    eventkit::AccessRequests::shared().setAnswers(when == "early" ? Answers::Early : Answers::Late);
+    eventkit::AccessRequests::shared().setAnswers(found->second);
 }
 
 void Session::takeScreenshot(const json& command) {
@@ -196,14 +212,17 @@ void Session::takeScreenshot(const json& command) {
 
 void Session::waitUntilNothingMoves() {
     RunLoop& loop = RunLoop::main();
-    loop.drain();
+    auto& requests = eventkit::AccessRequests::shared();
     const double end = loop.now() + longestSettling;
-    for (double next = loop.nextMovement(); next >= 0 && next <= end; next = loop.nextMovement()) {
-        loop.advance(std::max(0.0, next - loop.now()));
-    }
-    if (eventkit::AccessRequests::shared().answerWaiting()) { // what moves for ever holds no answer back
+    bool wasAnswered = false;
+    do {
         loop.drain();
-    }
+        for (double next = loop.nextMovement(); next >= 0 && next <= end; next = loop.nextMovement()) {
+            loop.advance(std::max(0.0, next - loop.now()));
+        }
+        wasAnswered = requests.answerWaiting(); // what moves for ever holds no answer back
+        wasAnswered = requests.waitForConcurrent() || wasAnswered;
+    } while (wasAnswered);
 }
 
 } // namespace phone

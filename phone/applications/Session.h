@@ -35,8 +35,8 @@ private:
     nlohmann::json perform(const nlohmann::json& command);
     void deliverTouch(const nlohmann::json& command);
     static void takeScreenshot(const nlohmann::json& command);
-    /// "late" or "early".
-    void letStoresAnswer(const std::string& when);
+    /// "late", "early" or "concurrent".
+    static void letStoresAnswer(const std::string& when);
     void waitUntilNothingMoves();
     void die(const std::string& name, const std::string& reason);
 

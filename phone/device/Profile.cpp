@@ -34,6 +34,15 @@ std::optional<Profile> named(const Profile (&all)[N], std::string_view name) {
     return std::nullopt;
 }
 
+template <class Profile, std::size_t N>
+std::string names(const Profile (&all)[N]) {
+    std::string written;
+    for (const Profile& one : all) {
+        written += (written.empty() ? "" : ", ") + std::string(one.name);
+    }
+    return written;
+}
+
 } // namespace
 
 std::optional<DeviceProfile> deviceNamed(std::string_view name) { return named(devices, name); }
@@ -41,6 +50,12 @@ std::optional<DeviceProfile> deviceNamed(std::string_view name) { return named(d
 std::optional<SystemProfile> systemNamed(std::string_view name) { return named(systems, name); }
 
 std::optional<ApplicationProfile> applicationNamed(std::string_view name) { return named(applications, name); }
+
+std::string deviceNames() { return names(devices); }
+
+std::string systemNames() { return names(systems); }
+
+std::string applicationNames() { return names(applications); }
 
 std::optional<ApplicationProfile> applicationOfBundle(std::string_view bundle) {
     const auto found = std::find_if(std::begin(applications), std::end(applications),

@@ -43,6 +43,10 @@ struct ApplicationProfile {
 std::optional<DeviceProfile> deviceNamed(std::string_view name);
 std::optional<SystemProfile> systemNamed(std::string_view name);
 std::optional<ApplicationProfile> applicationNamed(std::string_view name);
+/// All of them, for whoever has written another: "7, 8".
+std::string deviceNames();
+std::string systemNames();
+std::string applicationNames();
 /// By its bundle identifier.
 std::optional<ApplicationProfile> applicationOfBundle(std::string_view bundle);
 

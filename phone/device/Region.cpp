@@ -8,6 +8,9 @@ namespace phone {
 
 namespace {
 
+constexpr std::string_view twelve = "12";
+constexpr std::string_view twentyFour = "24";
+
 /// One part of the name of a locale, or a name made from another.
 template <class Ask>
 std::string answer(const Ask& ask, const std::string& locale) {
@@ -20,8 +23,12 @@ std::string answer(const Ask& ask, const std::string& locale) {
 } // namespace
 
 std::optional<Hours> hoursNamed(std::string_view name) {
-    return name == "12" ? std::optional(Hours::Twelve) : name == "24" ? std::optional(Hours::TwentyFour) : std::nullopt;
+    return name == twelve       ? std::optional(Hours::Twelve)
+           : name == twentyFour ? std::optional(Hours::TwentyFour)
+                                : std::nullopt;
 }
+
+std::string hoursNames() { return std::string(twelve) + ", " + std::string(twentyFour); }
 
 bool isRegion(const std::string& code) {
     UErrorCode error = U_ZERO_ERROR;

@@ -12,6 +12,8 @@ enum class Hours { Twelve, TwentyFour };
 
 /// "12" or "24"; nullopt for another word.
 std::optional<Hours> hoursNamed(std::string_view name);
+/// Both words, for whoever has written another: "12, 24".
+std::string hoursNames();
 
 /// Whether there is a region of this code: "DE".
 bool isRegion(const std::string& code);

@@ -69,7 +69,7 @@ void RunLoop::advance(double seconds) {
         if (next == _timers.end() || next->second.due > end) {
             break;
         }
-        _now = std::max(_now, next->second.due);
+        _now = std::max(now(), next->second.due);
         if (next->second.period > 0) {
             next->second.due += next->second.period;
             Work work = next->second.work;

@@ -1,6 +1,7 @@
 /// The main thread's work: what waits for the next cycle, and what waits for a moment of the animation clock.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -19,6 +20,7 @@ public:
 
     static RunLoop& main();
 
+    /// From any thread.
     double now() const { return _now; }
 
     /// Runs the work at the start of the next cycle, in order. From any thread.
@@ -57,7 +59,7 @@ private:
     template <class Counts>
     double nextDue(const Counts& counts) const;
 
-    double _now = 0;
+    std::atomic<double> _now = 0; // written by the main thread alone
     TimerId _lastTimer = 0;
     std::map<TimerId, Timer> _timers;
     std::mutex _mutex; // guards _waiting

@@ -29,6 +29,7 @@ void Screen::phoneCall(const std::string& number, const std::string& action) {
 void Screen::setClock(double seconds) { request({{"do", "setClock"}, {"seconds", seconds}}); }
 void Screen::runClock(double seconds) { request({{"do", "setClock"}, {"seconds", seconds}, {"runs", true}}); }
 void Screen::setStoreAnswers(const std::string& when) { request({{"do", "setStoreAnswers"}, {"when", when}}); }
+void Screen::warnOfMemory() { request({{"do", "memoryWarning"}}); }
 void Screen::setOrientation(const std::string& name) { request({{"do", "setOrientation"}, {"orientation", name}}); }
 void Screen::setClipboard(const std::string& text) { request({{"do", "setClipboard"}, {"text", text}}); }
 std::string Screen::clipboard() { return request({{"do", "clipboard"}}).at("text").get<std::string>(); }

@@ -33,7 +33,7 @@ public:
     void key(const std::string& name);
     /// Moves the animation clock.
     void advance(double seconds);
-    /// Moves the animation clock until nothing moves any more.
+    /// Moves the animation clock until nothing moves any more and every answer of the calendar store has returned.
     void settle();
     /// The dumped tree. For finding, each element carries more attributes: `visible` (true, false); where a
     /// touch reaches it or something inside it, `touch` ("x y", a point that does); where a person sees it
@@ -56,9 +56,11 @@ public:
     void setClock(double seconds);
     /// Sets the wall clock and lets it move by itself.
     void runClock(double seconds);
-    /// "late" (as the application starts) or "early": when the calendar store answers requests for access
-    /// that need no person.
+    /// "late" (as the application starts), "early" or "concurrent": when the calendar store answers requests for
+    /// access that need no person.
     void setStoreAnswers(const std::string& when);
+    /// The system warns the application that memory is short.
+    void warnOfMemory();
     void setOrientation(const std::string& name);
     void setClipboard(const std::string& text);
     /// The pasteboard's text; "" where there is none.

@@ -1,37 +1,56 @@
 #include "phone/eventkit/AccessRequests.h"
 
 #include "phone/device/RootFolder.h"
+#include "phone/device/RunLoop.h"
 #include "phone/eventkit/AccessPrompt.h"
 #include "phone/eventkit/CalendarFolder.h"
-#include "phone/foundation/Text.h"
-#include "platform/foundation/NSNotification.h"
+#include "phone/eventkit/LiveStores.h"
+#include "phone/foundation/Thread.h"
 #include "platform/objc/Exception.h"
 #include "platform/objc/Pool.h"
 
+#include <algorithm>
 #include <exception>
 #include <iterator>
-#include <thread>
 #include <utility>
-
-// Of Foundation: a thread that it did not make has to tell of itself.
-extern "C" {
-unsigned char GSRegisterCurrentThread(void);
-void GSUnregisterCurrentThread(void);
-}
 
 namespace phone::eventkit {
 
 namespace {
 
-constexpr const char* changedNotification = "EKEventStoreChangedNotification";
-
 CalendarFolder folder(EntityType type) { return {RootFolder::path(), type}; }
 
-/// What got out of a completion: an object of the platform's, or a C++ exception.
+/// What got out of a completion: an object of the platform's, or a C++ exception; mostly nothing.
 struct Escaped {
     objc::Object object;
     std::exception_ptr other;
+
+    explicit operator bool() const { return object || other; }
+    /// Goes on with it, on the calling thread.
+    void raise() const {
+        if (object) {
+            // Raising keeps nothing alive: the pool does, until the exception has been caught.
+            objc::detail::call<id>(objc::Object(object).relinquish(), objc::selector<"autorelease">());
+            object.send<"raise">();
+        } else if (other) {
+            std::rethrow_exception(other);
+        }
+    }
 };
+
+/// Calls the completion on this thread; what it holds goes here too.
+Escaped complete(AccessRequests::Completion completion, EntityType type) {
+    Escaped escaped;
+    const objc::Pool pool; // outside, so that what is thrown outlives the frames it leaves
+    try {
+        completion(folder(type).access() == Access::Allow, nullptr);
+        completion = nullptr;
+    } catch (...) {
+        escaped.object = objc::caughtObject();
+        escaped.other = std::current_exception();
+    }
+    return escaped;
+}
 
 } // namespace
 
@@ -58,6 +77,8 @@ void AccessRequests::add(EntityType type, Completion completion) {
         }
     } else if (_answers == Answers::Early) {
         answer(std::move(request));
+    } else if (_answers == Answers::Concurrent) {
+        answerConcurrently(std::move(request));
     } else {
         const std::lock_guard lock(_mutex);
         _waiting.push_back(std::move(request));
@@ -93,35 +114,59 @@ void AccessRequests::decided(EntityType type, bool allowed) {
         asking.clear();
     }
     if (allowed) {
-        NSNotificationCenter::defaultCenter().post(string(changedNotification), nullptr, nullptr);
+        LiveStores::announceChange();
     }
 }
 
 void AccessRequests::answer(Request request) {
-    const bool granted = folder(request.type).access() == Access::Allow;
     Escaped escaped;
-    std::thread thread([&escaped, granted, completion = std::move(request.completion)]() mutable {
-        GSRegisterCurrentThread();
-        {
-            const objc::Pool pool; // outside, so that what is thrown outlives the frames it leaves
-            try {
-                completion(granted, nullptr);
-                completion = nullptr; // what it holds goes on this thread too
-            } catch (...) {
-                escaped.object = objc::caughtObject();
-                escaped.other = std::current_exception();
-            }
+    startThread([&] { escaped = complete(std::move(request.completion), request.type); }).join();
+    escaped.raise();
+}
+
+void AccessRequests::answerConcurrently(Request request) {
+    joinReturned();
+    auto hasReturned = std::make_shared<std::atomic<bool>>(false);
+    std::thread thread = startThread([request = std::move(request), hasReturned]() mutable {
+        if (Escaped escaped = complete(std::move(request.completion), request.type)) {
+            RunLoop::main().perform([escaped] { escaped.raise(); });
         }
-        GSUnregisterCurrentThread();
+        *hasReturned = true;
     });
-    thread.join();
-    if (escaped.object) {
-        // Raising keeps nothing alive: the pool does, until the exception has been caught.
-        objc::detail::call<id>(objc::Object(escaped.object).relinquish(), objc::selector<"autorelease">());
-        escaped.object.send<"raise">();
-    } else if (escaped.other) {
-        std::rethrow_exception(escaped.other);
+    const std::lock_guard lock(_mutex);
+    _underWay.push_back({std::move(thread), std::move(hasReturned)});
+}
+
+/// So that threads that have ended are not gathered for ever.
+void AccessRequests::joinReturned() {
+    std::vector<UnderWay> returned;
+    {
+        const std::lock_guard lock(_mutex);
+        const auto first =
+            std::partition(_underWay.begin(), _underWay.end(), [](const UnderWay& one) { return !*one.hasReturned; });
+        std::move(first, _underWay.end(), std::back_inserter(returned));
+        _underWay.erase(first, _underWay.end());
     }
+    for (UnderWay& one : returned) {
+        one.thread.join();
+    }
+}
+
+bool AccessRequests::isAnswering() {
+    const std::lock_guard lock(_mutex);
+    return std::any_of(_underWay.begin(), _underWay.end(), [](const UnderWay& one) { return !*one.hasReturned; });
+}
+
+bool AccessRequests::waitForConcurrent() {
+    std::vector<UnderWay> all;
+    {
+        const std::lock_guard lock(_mutex);
+        all.swap(_underWay);
+    }
+    for (UnderWay& one : all) {
+        one.thread.join();
+    }
+    return !all.empty();
 }
 
 } // namespace phone::eventkit

@@ -1,7 +1,7 @@
 #include "phone/eventkit/Alarm.h"
 
 #include "phone/eventkit/Components.h"
-#include "phone/eventkit/StoreEntry.h"
+#include "phone/eventkit/Turn.h"
 #include "phone/foundation/Raise.h"
 
 namespace phone::eventkit {
@@ -31,14 +31,14 @@ void Alarm::define(objc::ClassTable<Alarm>& c) {
 CalendarAlarm Alarm::row() const { return {unixTime(_date), _offset}; }
 
 EKAlarm Alarm::withDate(const NSDate& date) {
-    logClassMessage(objc_name, "alarmWithAbsoluteDate:", date);
+    const Turn turn(objc_name, "alarmWithAbsoluteDate:", date);
     const auto alarm = objc::make<EKAlarm>();
     of(alarm)->_date = date;
     return alarm;
 }
 
 EKAlarm Alarm::withOffset(NSTimeInterval offset) {
-    logClassMessage(objc_name, "alarmWithRelativeOffset:", offset);
+    const Turn turn(objc_name, "alarmWithRelativeOffset:", offset);
     refuseAfterTheStart(offset);
     const auto alarm = objc::make<EKAlarm>();
     of(alarm)->_offset = offset;
@@ -53,24 +53,24 @@ EKAlarm Alarm::copyWithZone(void*) {
 }
 
 NSDate Alarm::absoluteDate() {
-    logMessage(*this, "absoluteDate");
+    const Turn turn(*this, "absoluteDate");
     return _date;
 }
 
 void Alarm::setAbsoluteDate(const NSDate& date) {
-    logMessage(*this, "setAbsoluteDate:", date);
+    const Turn turn(*this, "setAbsoluteDate:", date);
     _date = date;
     _offset = 0;
     StoredObject::of(*this)->setChanged();
 }
 
 NSTimeInterval Alarm::relativeOffset() {
-    logMessage(*this, "relativeOffset");
+    const Turn turn(*this, "relativeOffset");
     return _offset;
 }
 
 void Alarm::setRelativeOffset(NSTimeInterval offset) {
-    logMessage(*this, "setRelativeOffset:", offset);
+    const Turn turn(*this, "setRelativeOffset:", offset);
     refuseAfterTheStart(offset);
     _offset = offset;
     _date = nullptr;

@@ -1,6 +1,6 @@
 #include "phone/eventkit/Calendar.h"
 
-#include "phone/eventkit/StoreEntry.h"
+#include "phone/eventkit/Turn.h"
 #include "phone/foundation/Text.h"
 
 namespace phone::eventkit {
@@ -21,17 +21,17 @@ EKCalendar Calendar::make(StoreNumber store, EntityType type, const CalendarRow&
 }
 
 NSString Calendar::title() {
-    logMessage(*this, "title");
+    const Turn turn(*this, "title");
     return string(_row.title);
 }
 
 NSString Calendar::calendarIdentifier() {
-    logMessage(*this, "calendarIdentifier");
+    const Turn turn(*this, "calendarIdentifier");
     return string(_row.id);
 }
 
 bool Calendar::allowsContentModifications() {
-    logMessage(*this, "allowsContentModifications");
+    const Turn turn(*this, "allowsContentModifications");
     return !_row.isReadOnly;
 }
 

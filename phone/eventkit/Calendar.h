@@ -16,6 +16,8 @@ public:
     const std::string& id() const { return _row.id; }
     EntityType type() const { return _type; }
     bool isReadOnly() const { return _row.isReadOnly; }
+    /// How many alarms an item in it keeps; nullopt for any number.
+    std::optional<std::size_t> mostAlarms() const { return _row.mostAlarms; }
     /// The same calendar as it is now.
     void update(const CalendarRow& row) { _row = row; }
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <map>
 #include <random>
 #include <tuple>
 
@@ -45,6 +46,7 @@ struct Lists {
     std::vector<std::string> order;
     std::string standard; // the default's id; "" for none
     std::vector<std::string> readOnly;
+    std::map<std::string, std::size_t> mostAlarms;
 
     static Lists read(const fs::path& folder) {
         const json given = json::parse(contentOf(folder / listsFile).value_or(""), nullptr, false);
@@ -66,10 +68,24 @@ struct Lists {
         if (const auto found = given.find("default"); found != given.end() && found->is_string()) {
             lists.standard = *found;
         }
+        const json limits = given.value("mostAlarms", json::object());
+        for (const auto& [id, most] : limits.items()) {
+            if (most.is_number_unsigned()) {
+                lists.mostAlarms[id] = most;
+            }
+        }
         return lists;
     }
     std::string text() const {
-        return json({{"order", order}, {"default", standard}, {"readOnly", readOnly}}).dump(2) + "\n";
+        json all = {{"order", order}, {"default", standard}, {"readOnly", readOnly}};
+        if (!mostAlarms.empty()) {
+            all["mostAlarms"] = mostAlarms;
+        }
+        return all.dump(2) + "\n";
+    }
+    std::optional<std::size_t> alarmsOf(const std::string& id) const {
+        const auto found = mostAlarms.find(id);
+        return found == mostAlarms.end() ? std::nullopt : std::optional(found->second);
     }
 };
 
@@ -122,6 +138,9 @@ void CalendarFolder::create(Access access, const std::vector<CalendarStore>& cal
             if (calendar.isReadOnly) {
                 lists.readOnly.push_back(id);
             }
+            if (calendar.mostAlarms) {
+                lists.mostAlarms[id] = *calendar.mostAlarms;
+            }
         }
         replaceFile(_folder / listsFile, lists.text());
     });
@@ -147,7 +166,8 @@ std::vector<CalendarRow> CalendarFolder::calendars() const {
     for (const fs::path& folder : inside(_folder, true)) {
         const std::string id = folder.filename();
         const std::string title = trimmed(contentOf(folder / titleFile).value_or(""));
-        all.push_back({id, title.empty() ? id : title, id == lists.standard, isIn(lists.readOnly, id)});
+        all.push_back(
+            {id, title.empty() ? id : title, id == lists.standard, isIn(lists.readOnly, id), lists.alarmsOf(id)});
     }
     std::sort(all.begin(), all.end(), [&](const CalendarRow& a, const CalendarRow& b) {
         const auto place = [&](const CalendarRow& row) {

@@ -21,7 +21,8 @@ public:
 /// another process of the phone, may change it at any moment. A folder that is missing holds nothing.
 ///
 /// Beside the lists lie the store's own small files, hidden from other programs: `.access`, what the
-/// person has decided, and `.lists`, the order of the lists, the default and which are read-only.
+/// person has decided, and `.lists`, the order of the lists, the default, which are read-only and which take only so
+/// many alarms.
 class CalendarFolder {
 public:
     /// Where the store lies on the device.

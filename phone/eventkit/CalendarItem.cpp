@@ -1,9 +1,11 @@
 #include "phone/eventkit/CalendarItem.h"
 
 #include "phone/eventkit/Alarm.h"
+#include "phone/eventkit/Calendar.h"
 #include "phone/eventkit/CalendarFolder.h"
 #include "phone/eventkit/Components.h"
-#include "phone/eventkit/StoreEntry.h"
+#include "phone/eventkit/RecurrenceRule.h"
+#include "phone/eventkit/Turn.h"
 #include "phone/foundation/Arrays.h"
 #include "phone/foundation/Raise.h"
 #include "phone/foundation/Text.h"
@@ -27,6 +29,12 @@ void checkAlarm(const objc::Object& alarm) {
     }
 }
 
+void checkRule(const objc::Object& rule) {
+    if (!objc::isKind<EKRecurrenceRule>(rule)) {
+        raise("NSInvalidArgumentException", "Only instances of EKRecurrenceRule can be an item's recurrence rules");
+    }
+}
+
 } // namespace
 
 void CalendarItem::define(objc::ClassTable<CalendarItem>& c) {
@@ -47,6 +55,10 @@ void CalendarItem::define(objc::ClassTable<CalendarItem>& c) {
         .def<"addAlarm:", &CalendarItem::addAlarm>()
         .def<"removeAlarm:", &CalendarItem::removeAlarm>()
         .def<"hasAlarms", &CalendarItem::hasAlarms>();
+
+    c.def<"recurrenceRules", &CalendarItem::recurrenceRules>()
+        .def<"setRecurrenceRules:", &CalendarItem::setRecurrenceRules>()
+        .def<"addRecurrenceRule:", &CalendarItem::addRecurrenceRule>();
 }
 
 CalendarItem::CalendarItem() : _id(newIdentifier()) {}
@@ -59,14 +71,24 @@ void CalendarItem::fill(StoredItem& item) const {
     for (const EKAlarm& alarm : _alarms) {
         item.alarms.push_back(Alarm::of(alarm)->row());
     }
+    if (!_rules.empty()) { // the platform takes several and keeps one
+        item.recurrence = RecurrenceRule::of(_rules.front())->row(here());
+    }
     item.created = _created;
     item.modified = _modified;
     item.order = _order;
 }
 
-bool CalendarItem::hasChangedAlarms() const {
-    return std::any_of(_alarms.begin(), _alarms.end(),
-                       [](const EKAlarm& alarm) { return StoredObject::of(alarm)->isChanged(); });
+bool CalendarItem::hasChangedParts() const {
+    const auto isChanged = [](const EKObject& part) { return StoredObject::of(part)->isChanged(); };
+    return std::any_of(_alarms.begin(), _alarms.end(), isChanged) ||
+           std::any_of(_rules.begin(), _rules.end(), isChanged);
+}
+
+void CalendarItem::cutAlarms() {
+    if (const auto most = Calendar::of(_calendar)->mostAlarms(); most && _alarms.size() > *most) {
+        _alarms.resize(*most);
+    }
 }
 
 void CalendarItem::setSaved(const StoredItem& item, const std::string& calendar) {
@@ -78,74 +100,77 @@ void CalendarItem::setSaved(const StoredItem& item, const std::string& calendar)
     for (const EKAlarm& alarm : _alarms) {
         StoredObject::of(alarm)->setSaved();
     }
+    for (const EKRecurrenceRule& rule : _rules) {
+        StoredObject::of(rule)->setSaved();
+    }
 }
 
 EKCalendar CalendarItem::calendar() {
-    logMessage(*this, "calendar");
+    const Turn turn(*this, "calendar");
     return _calendar;
 }
 
 void CalendarItem::setCalendar(const EKCalendar& calendar) {
-    logMessage(*this, "setCalendar:", calendar);
+    const Turn turn(*this, "setCalendar:", calendar);
     _calendar = calendar;
     StoredObject::of(*this)->setChanged();
 }
 
 NSString CalendarItem::title() {
-    logMessage(*this, "title");
+    const Turn turn(*this, "title");
     return _title ? _title : ""_ns;
 }
 
 void CalendarItem::setTitle(const NSString& title) {
-    logMessage(*this, "setTitle:", title);
+    const Turn turn(*this, "setTitle:", title);
     _title = copied(title);
     StoredObject::of(*this)->setChanged();
 }
 
 NSString CalendarItem::location() {
-    logMessage(*this, "location");
+    const Turn turn(*this, "location");
     return _location;
 }
 
 void CalendarItem::setLocation(const NSString& location) {
-    logMessage(*this, "setLocation:", location);
+    const Turn turn(*this, "setLocation:", location);
     _location = copied(location);
     StoredObject::of(*this)->setChanged();
 }
 
 NSString CalendarItem::notes() {
-    logMessage(*this, "notes");
+    const Turn turn(*this, "notes");
     return _notes;
 }
 
 void CalendarItem::setNotes(const NSString& notes) {
-    logMessage(*this, "setNotes:", notes);
+    const Turn turn(*this, "setNotes:", notes);
     _notes = copied(notes);
     StoredObject::of(*this)->setChanged();
 }
 
 NSString CalendarItem::calendarItemIdentifier() {
-    logMessage(*this, "calendarItemIdentifier");
+    const Turn turn(*this, "calendarItemIdentifier");
     return string(_id);
 }
 
 NSDate CalendarItem::creationDate() {
-    logMessage(*this, "creationDate");
+    const Turn turn(*this, "creationDate");
     return date(_created);
 }
 
 NSDate CalendarItem::lastModifiedDate() {
-    logMessage(*this, "lastModifiedDate");
+    const Turn turn(*this, "lastModifiedDate");
     return date(_modified);
 }
 
 NSArray CalendarItem::alarms() {
-    logMessage(*this, "alarms");
+    const Turn turn(*this, "alarms");
     return _alarms.empty() ? NSArray() : arrayOf(_alarms);
 }
 
 void CalendarItem::setAlarms(const NSArray& alarms) {
-    logMessage(*this, "setAlarms:", alarms);
+    const Turn turn(*this, "setAlarms:", alarms);
     for (const NSObject& alarm : alarms) {
         checkAlarm(alarm);
     }
@@ -154,22 +179,43 @@ void CalendarItem::setAlarms(const NSArray& alarms) {
 }
 
 void CalendarItem::addAlarm(const EKAlarm& alarm) {
-    logMessage(*this, "addAlarm:", alarm);
+    const Turn turn(*this, "addAlarm:", alarm);
     checkAlarm(alarm);
     _alarms.push_back(alarm);
     StoredObject::of(*this)->setChanged();
 }
 
 void CalendarItem::removeAlarm(const EKAlarm& alarm) {
-    logMessage(*this, "removeAlarm:", alarm);
+    const Turn turn(*this, "removeAlarm:", alarm);
     if (std::erase(_alarms, alarm) > 0) {
         StoredObject::of(*this)->setChanged();
     }
 }
 
 bool CalendarItem::hasAlarms() {
-    logMessage(*this, "hasAlarms");
+    const Turn turn(*this, "hasAlarms");
     return !_alarms.empty();
+}
+
+NSArray CalendarItem::recurrenceRules() {
+    const Turn turn(*this, "recurrenceRules");
+    return _rules.empty() ? NSArray() : arrayOf(_rules);
+}
+
+void CalendarItem::setRecurrenceRules(const NSArray& rules) {
+    const Turn turn(*this, "setRecurrenceRules:", rules);
+    for (const NSObject& rule : rules) {
+        checkRule(rule);
+    }
+    _rules = vectorOf<EKRecurrenceRule>(rules);
+    StoredObject::of(*this)->setChanged();
+}
+
+void CalendarItem::addRecurrenceRule(const EKRecurrenceRule& rule) {
+    const Turn turn(*this, "addRecurrenceRule:", rule);
+    checkRule(rule);
+    _rules.push_back(rule);
+    StoredObject::of(*this)->setChanged();
 }
 
 } // namespace phone::eventkit

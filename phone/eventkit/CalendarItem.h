@@ -20,8 +20,10 @@ public:
     const EKCalendar& currentCalendar() const { return _calendar; }
     /// As it is written.
     void fill(StoredItem& item) const;
-    /// An alarm is part of its item: what is set in it counts as a change of the item.
-    bool hasChangedAlarms() const;
+    /// Alarms and rules are part of their item: what is set in them counts as a change of the item.
+    bool hasChangedParts() const;
+    /// Where its calendar takes fewer alarms the last ones go, without a word.
+    void cutAlarms();
     /// It has been written like this, into the calendar with this id.
     void setSaved(const StoredItem& item, const std::string& calendar);
     /// The id of the calendar that it was last saved in; "" for none.
@@ -48,12 +50,18 @@ private:
     void removeAlarm(const EKAlarm& alarm);
     bool hasAlarms();
 
+    NSArray recurrenceRules();
+    /// Raises NSInvalidArgumentException for anything that is no rule.
+    void setRecurrenceRules(const NSArray& rules);
+    void addRecurrenceRule(const EKRecurrenceRule& rule);
+
     std::string _id;
     EKCalendar _calendar;
     NSString _title;
     NSString _location;
     NSString _notes;
     std::vector<EKAlarm> _alarms;
+    std::vector<EKRecurrenceRule> _rules;
 
     // What saving leaves behind.
     std::optional<double> _created;  // seconds since 1970, UTC

@@ -19,6 +19,7 @@ struct CalendarStore {
     std::string title;
     bool isDefault = false;
     bool isReadOnly = false;
+    std::optional<std::size_t> mostAlarms = {}; // what an item in it keeps; nullopt for any number
 };
 
 /// A reminder list or an event calendar as it lies on the disk.
@@ -27,6 +28,7 @@ struct CalendarRow {
     std::string title;
     bool isDefault = false;
     bool isReadOnly = false;
+    std::optional<std::size_t> mostAlarms = {}; // what an item in it keeps; nullopt for any number
 };
 
 /// A date by its fields, with or without a time of day.
@@ -65,6 +67,19 @@ struct CalendarAlarm {
     friend bool operator==(const CalendarAlarm&, const CalendarAlarm&) = default;
 };
 
+/// How often something comes again, numbered as the platform does.
+enum class Frequency { Daily = 0, Weekly = 1, Monthly = 2, Yearly = 3 };
+
+/// How an item repeats.
+struct Recurrence {
+    Frequency frequency = Frequency::Daily;
+    long interval = 1;                 // every so many days, weeks, months or years
+    std::optional<CalendarDate> until; // no occurrence is later
+    long count = 0;                    // so many occurrences; 0 where that is no bound
+
+    friend bool operator==(const Recurrence&, const Recurrence&) = default;
+};
+
 /// What reminders and events have in common.
 struct StoredItem {
     std::string id; // unique; the name of its file without the ending
@@ -72,6 +87,7 @@ struct StoredItem {
     std::optional<std::string> location;
     std::optional<std::string> notes;
     std::vector<CalendarAlarm> alarms;
+    std::optional<Recurrence> recurrence;
     std::optional<double> created; // dates are seconds since 1970, UTC
     std::optional<double> modified;
     long order = 0; // counts what was made on this phone; 0 for what others made
@@ -91,24 +107,10 @@ struct ReminderRow {
     ReminderItem item;
 };
 
-/// How often something comes again, numbered as the platform does.
-enum class Frequency { Daily = 0, Weekly = 1, Monthly = 2, Yearly = 3 };
-
-/// How an event repeats.
-struct Recurrence {
-    Frequency frequency = Frequency::Daily;
-    long interval = 1;                 // every so many days, weeks, months or years
-    std::optional<CalendarDate> until; // no occurrence is later
-    long count = 0;                    // so many occurrences; 0 where that is no bound
-
-    friend bool operator==(const Recurrence&, const Recurrence&) = default;
-};
-
 /// One event. Where the start is a whole day the end is the last day.
 struct EventItem : StoredItem {
     std::optional<CalendarDate> start; // none only in what another program has written
     std::optional<CalendarDate> end;
-    std::optional<Recurrence> recurrence;
 
     bool isAllDay() const { return start && start->isDay; }
 };

@@ -1,6 +1,7 @@
 #include "phone/eventkit/Components.h"
 
 #include "phone/foundation/Text.h"
+#include "platform/foundation/NSTimeZone.h"
 
 namespace phone::eventkit {
 
@@ -25,6 +26,8 @@ CalendarDate calendarDate(const NSDateComponents& components) {
     date.zone = text(components.timeZone().name());
     return date;
 }
+
+std::string here() { return text(NSTimeZone::defaultTimeZone().name()); }
 
 std::optional<double> unixTime(const NSDate& date) {
     return date ? std::optional(date.sinceReferenceDate() + referenceDate) : std::nullopt;

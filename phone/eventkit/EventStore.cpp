@@ -3,9 +3,10 @@
 #include "phone/device/RootFolder.h"
 #include "phone/eventkit/Calendar.h"
 #include "phone/eventkit/Event.h"
+#include "phone/eventkit/LiveStores.h"
 #include "phone/eventkit/Obstacles.h"
 #include "phone/eventkit/Reminder.h"
-#include "phone/eventkit/StoreEntry.h"
+#include "phone/eventkit/Turn.h"
 #include "phone/foundation/Raise.h"
 #include "phone/foundation/Text.h"
 #include "phone/foundation/WallClock.h"
@@ -53,17 +54,20 @@ void EventStore::define(objc::ClassTable<EventStore>& c) {
 
 void EventStore::init() {
     super<"init">();
-    logMessage(*this, "init");
+    const Turn turn(*this, "init");
     _number = nextNumber();
+    LiveStores::add(raw());
 }
 
+EventStore::~EventStore() { LiveStores::remove(raw()); }
+
 bool EventStore::answers(SEL selector) {
-    logMessage(*this, "respondsToSelector:", selector);
+    const Turn turn(*this, "respondsToSelector:", selector);
     return super<"respondsToSelector:", bool>(selector);
 }
 
 EKAuthorizationStatus EventStore::authorizationStatus(EKEntityType type) {
-    logClassMessage(objc_name, "authorizationStatusForEntityType:", type);
+    const Turn turn(objc_name, "authorizationStatusForEntityType:", type);
     switch (folder(checked(type)).access()) {
     case Access::Ask:
         return EKAuthorizationStatus::NotDetermined;
@@ -75,12 +79,13 @@ EKAuthorizationStatus EventStore::authorizationStatus(EKEntityType type) {
 }
 
 void EventStore::requestAccess(EKEntityType type, const AccessRequests::Completion& completion) {
-    logMessage(*this, "requestAccessToEntityType:completion:", type);
+    // No turn: an early answer is waited for here.
+    addEntry(object_getClassName(raw()), "requestAccessToEntityType:completion:", nlohmann::json::array({shown(type)}));
     AccessRequests::shared().add(checked(type), completion);
 }
 
 NSArray EventStore::calendars(EKEntityType type) {
-    logMessage(*this, "calendarsForEntityType:", type);
+    const Turn turn(*this, "calendarsForEntityType:", type);
     const EntityType wanted = checked(type);
     const auto all = objc::make<NSMutableArray>();
     if (isAllowed(wanted)) {
@@ -92,7 +97,7 @@ NSArray EventStore::calendars(EKEntityType type) {
 }
 
 EKCalendar EventStore::calendar(const NSString& identifier) {
-    logMessage(*this, "calendarWithIdentifier:", identifier);
+    const Turn turn(*this, "calendarWithIdentifier:", identifier);
     for (const EntityType type : {EntityType::Event, EntityType::Reminder}) {
         if (!isAllowed(type)) {
             continue;
@@ -107,17 +112,17 @@ EKCalendar EventStore::calendar(const NSString& identifier) {
 }
 
 EKCalendar EventStore::defaultCalendarForNewReminders() {
-    logMessage(*this, "defaultCalendarForNewReminders");
+    const Turn turn(*this, "defaultCalendarForNewReminders");
     return defaultCalendar(EntityType::Reminder);
 }
 
 EKCalendar EventStore::defaultCalendarForNewEvents() {
-    logMessage(*this, "defaultCalendarForNewEvents");
+    const Turn turn(*this, "defaultCalendarForNewEvents");
     return defaultCalendar(EntityType::Event);
 }
 
 bool EventStore::saveReminder(const EKReminder& reminder, bool commits, id* error) {
-    logMessage(*this, "saveReminder:commit:error:", reminder, commits);
+    const Turn turn(*this, "saveReminder:commit:error:", reminder, commits);
     const Reminder* peer = Reminder::of(reminder);
     if (peer == nullptr) {
         raise("NSInvalidArgumentException", "There is no reminder to save");
@@ -131,11 +136,12 @@ bool EventStore::saveReminder(const EKReminder& reminder, bool commits, id* erro
     if (const auto failure = obstacle(reminder)) {
         return report(failure, error);
     }
+    CalendarItem::of(reminder)->cutAlarms();
     return save({reminder, peer->item(), Calendar::of(calendar)->id()}, commits, error);
 }
 
 bool EventStore::saveEvent(const EKEvent& event, EKSpan span, bool commits, id* error) {
-    logMessage(*this, "saveEvent:span:commit:error:", event, span, commits);
+    const Turn turn(*this, "saveEvent:span:commit:error:", event, span, commits);
     const Event* peer = Event::of(event);
     if (peer == nullptr) {
         raise("NSInvalidArgumentException", "There is no event to save");
@@ -156,6 +162,7 @@ bool EventStore::saveEvent(const EKEvent& event, EKSpan span, bool commits, id* 
     if (const auto failure = obstacle(event)) {
         return report(failure, error);
     }
+    CalendarItem::of(event)->cutAlarms();
     return save({event, peer->item(), Calendar::of(calendar)->id()}, commits, error);
 }
 
@@ -167,12 +174,12 @@ bool EventStore::save(Pending pending, bool commits, id* error) {
 }
 
 bool EventStore::commit(id* error) {
-    logMessage(*this, "commit:");
+    const Turn turn(*this, "commit:");
     return report(write(), error);
 }
 
 void EventStore::reset() {
-    logMessage(*this, "reset");
+    const Turn turn(*this, "reset");
     _pending.clear();
     _calendars.clear();
     _number = nextNumber(); // what was got before belongs to it no longer
@@ -207,6 +214,15 @@ void EventStore::checkOwn(const objc::Object& object, const char* what) const {
 }
 
 std::optional<SaveFailure> EventStore::write() {
+    const std::size_t before = _pending.size();
+    const auto failure = writePending();
+    if (_pending.size() < before) {
+        LiveStores::announceChange();
+    }
+    return failure;
+}
+
+std::optional<SaveFailure> EventStore::writePending() {
     while (!_pending.empty()) {
         Pending& next = _pending.front();
         try {

@@ -20,6 +20,7 @@ namespace phone::eventkit {
 class EventStore : public objc::Implements<EventStore, EKEventStore, NSObject> {
 public:
     static void define(objc::ClassTable<EventStore>& c);
+    ~EventStore();
 
     /// Tells this store's objects from those of another, and from those of before it was reset.
     StoreNumber number() const { return _number; }
@@ -52,6 +53,7 @@ private:
     /// Gathers, and writes all that is gathered where it `commits`.
     bool save(Pending pending, bool commits, id* error);
     std::optional<SaveFailure> write();
+    std::optional<SaveFailure> writePending();
     template <class Item>
     static void write(const EKCalendarItem& object, Item& item, EntityType type, const std::string& calendar);
 

@@ -1,6 +1,8 @@
 #include "phone/eventkit/Obstacles.h"
 
+#include "phone/device/LastYear.h"
 #include "phone/eventkit/Calendar.h"
+#include "phone/eventkit/Components.h"
 #include "phone/eventkit/Event.h"
 #include "phone/eventkit/Reminder.h"
 
@@ -72,7 +74,24 @@ double duration(const EventItem& event) {
     return momentOf(end, "UTC") - momentOf(start, "UTC") + (event.isAllDay() ? day : 0);
 }
 
-bool isInverted(const EventItem& event) { return momentOf(*event.end, "UTC") < momentOf(*event.start, "UTC"); }
+/// Beside a whole day a time counts as its day.
+bool isInverted(CalendarDate start, CalendarDate end) {
+    start.isDay = end.isDay = start.isDay || end.isDay;
+    return momentOf(end, here()) < momentOf(start, here());
+}
+
+/// Fields that roll over may lead beyond the last year as well.
+bool isTooFar(const std::optional<CalendarDate>& date) {
+    return date && (date->year > lastYear || dateAt(momentOf(*date, "UTC"), "UTC").year > lastYear);
+}
+
+SaveFailure inverted() {
+    return SaveFailure::with(EKErrorCode::DatesInverted, "The start date must be before the end date.");
+}
+
+SaveFailure tooFar() {
+    return SaveFailure::with(EKErrorCode::StartDateTooFarInFuture, "The start date is too far in the future.");
+}
 
 } // namespace
 
@@ -80,11 +99,21 @@ std::optional<SaveFailure> obstacle(const EKReminder& reminder) {
     if (auto failure = calendarObstacle(CalendarItem::of(reminder)->currentCalendar(), EntityType::Reminder)) {
         return failure;
     }
-    const Reminder* peer = Reminder::of(reminder);
-    if (peer->isDue() && !peer->hasStart()) {
+    const ReminderItem item = Reminder::of(reminder)->item();
+    if (item.recurrence && !item.due) {
+        return SaveFailure::with(EKErrorCode::RecurringReminderRequiresDueDate,
+                                 "A repeating reminder needs a due date.");
+    }
+    if (item.due && !item.start) {
         return SaveFailure::with(EKErrorCode::NoStartDate, "No start date has been set.");
     }
-    if (peer->currentPriority() < 0 || peer->currentPriority() > highestPriority) {
+    if (isTooFar(item.start) || isTooFar(item.due)) {
+        return tooFar();
+    }
+    if (item.start && item.due && isInverted(*item.start, *item.due)) {
+        return inverted();
+    }
+    if (item.priority < 0 || item.priority > highestPriority) {
         return SaveFailure::with(EKErrorCode::PriorityIsInvalid, "The priority is invalid.");
     }
     return std::nullopt;
@@ -101,8 +130,11 @@ std::optional<SaveFailure> obstacle(const EKEvent& event) {
     if (!item.end) {
         return SaveFailure::with(EKErrorCode::NoEndDate, "No end date has been set.");
     }
-    if (isInverted(item)) {
-        return SaveFailure::with(EKErrorCode::DatesInverted, "The start date must be before the end date.");
+    if (isTooFar(item.start) || isTooFar(item.end)) {
+        return tooFar();
+    }
+    if (isInverted(*item.start, *item.end)) {
+        return inverted();
     }
     if (item.recurrence) {
         const double period = shortestPeriod(*item.recurrence);

@@ -1,6 +1,6 @@
 #include "phone/eventkit/RecurrenceEnd.h"
 
-#include "phone/eventkit/StoreEntry.h"
+#include "phone/eventkit/Turn.h"
 #include "phone/foundation/Raise.h"
 
 namespace phone::eventkit {
@@ -15,7 +15,7 @@ void RecurrenceEnd::define(objc::ClassTable<RecurrenceEnd>& c) {
 }
 
 EKRecurrenceEnd RecurrenceEnd::withDate(const NSDate& date) {
-    logClassMessage(objc_name, "recurrenceEndWithEndDate:", date);
+    const Turn turn(objc_name, "recurrenceEndWithEndDate:", date);
     if (!date) {
         raise("NSInvalidArgumentException", "A recurrence end needs an end date");
     }
@@ -25,7 +25,7 @@ EKRecurrenceEnd RecurrenceEnd::withDate(const NSDate& date) {
 }
 
 EKRecurrenceEnd RecurrenceEnd::withCount(objc::UInt count) {
-    logClassMessage(objc_name, "recurrenceEndWithOccurrenceCount:", count);
+    const Turn turn(objc_name, "recurrenceEndWithOccurrenceCount:", count);
     if (count == 0) {
         raise("NSInvalidArgumentException", "A recurrence end needs an occurrence count greater than 0");
     }
@@ -35,12 +35,12 @@ EKRecurrenceEnd RecurrenceEnd::withCount(objc::UInt count) {
 }
 
 NSDate RecurrenceEnd::endDate() {
-    logMessage(*this, "endDate");
+    const Turn turn(*this, "endDate");
     return _date;
 }
 
 objc::UInt RecurrenceEnd::occurrenceCount() {
-    logMessage(*this, "occurrenceCount");
+    const Turn turn(*this, "occurrenceCount");
     return _count;
 }
 

@@ -2,7 +2,7 @@
 
 #include "phone/eventkit/Components.h"
 #include "phone/eventkit/RecurrenceEnd.h"
-#include "phone/eventkit/StoreEntry.h"
+#include "phone/eventkit/Turn.h"
 #include "phone/foundation/Raise.h"
 
 namespace phone::eventkit {
@@ -31,7 +31,7 @@ Recurrence RecurrenceRule::row(const std::string& zone) const {
 
 void RecurrenceRule::init(EKRecurrenceFrequency frequency, objc::Int interval, const EKRecurrenceEnd& end) {
     super<"init">();
-    logMessage(*this, "initRecurrenceWithFrequency:interval:end:", frequency, interval, end);
+    const Turn turn(*this, "initRecurrenceWithFrequency:interval:end:", frequency, interval, end);
     if (interval < 1) {
         raise("NSInvalidArgumentException", "The interval of a recurrence must be greater than 0");
     }
@@ -52,22 +52,22 @@ EKRecurrenceRule RecurrenceRule::copyWithZone(void*) {
 }
 
 EKRecurrenceFrequency RecurrenceRule::frequency() {
-    logMessage(*this, "frequency");
+    const Turn turn(*this, "frequency");
     return _frequency;
 }
 
 objc::Int RecurrenceRule::interval() {
-    logMessage(*this, "interval");
+    const Turn turn(*this, "interval");
     return _interval;
 }
 
 EKRecurrenceEnd RecurrenceRule::recurrenceEnd() {
-    logMessage(*this, "recurrenceEnd");
+    const Turn turn(*this, "recurrenceEnd");
     return _end;
 }
 
 void RecurrenceRule::setRecurrenceEnd(const EKRecurrenceEnd& end) {
-    logMessage(*this, "setRecurrenceEnd:", end);
+    const Turn turn(*this, "setRecurrenceEnd:", end);
     _end = end;
     StoredObject::of(*this)->setChanged();
 }

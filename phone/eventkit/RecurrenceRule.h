@@ -1,4 +1,4 @@
-/// How an event repeats.
+/// How an item repeats.
 #pragma once
 
 #include "phone/eventkit/CalendarItems.h"

@@ -1,4 +1,4 @@
-/// How an event repeats, as iCalendar has it.
+/// How an item repeats, as iCalendar has it.
 #pragma once
 
 #include "phone/eventkit/ICalendar.h"

@@ -6,6 +6,7 @@
 #include "phone/eventkit/Calendar.h"
 #include "phone/eventkit/Event.h"
 #include "phone/eventkit/EventStore.h"
+#include "phone/eventkit/LiveStores.h"
 #include "phone/eventkit/RecurrenceEnd.h"
 #include "phone/eventkit/RecurrenceRule.h"
 #include "phone/eventkit/Reminder.h"
@@ -22,6 +23,7 @@ void registerEventKitClasses() {
     eventkit::RecurrenceRule::definedClass();
     eventkit::Event::definedClass();
     eventkit::EventStore::definedClass();
+    eventkit::LiveStores::watchReleases();
     RunLoop::main().setAtRest([] { return eventkit::AccessRequests::shared().answerWaiting(); });
 }
 

@@ -2,7 +2,7 @@
 
 #include "phone/eventkit/Components.h"
 #include "phone/eventkit/EventStore.h"
-#include "phone/eventkit/StoreEntry.h"
+#include "phone/eventkit/Turn.h"
 #include "phone/foundation/Raise.h"
 
 namespace phone::eventkit {
@@ -41,7 +41,7 @@ void Reminder::define(objc::ClassTable<Reminder>& c) {
 }
 
 EKReminder Reminder::withEventStore(const EKEventStore& store) {
-    logClassMessage(objc_name, "reminderWithEventStore:", store);
+    const Turn turn(objc_name, "reminderWithEventStore:", store);
     const auto reminder = objc::make<EKReminder>();
     if (const EventStore* owner = EventStore::of(store)) {
         StoredObject::of(reminder)->setStore(owner->number());
@@ -60,56 +60,56 @@ ReminderItem Reminder::item() const {
 }
 
 objc::Int Reminder::priority() {
-    logMessage(*this, "priority");
+    const Turn turn(*this, "priority");
     return _priority;
 }
 
 void Reminder::setPriority(objc::Int priority) {
-    logMessage(*this, "setPriority:", priority);
+    const Turn turn(*this, "setPriority:", priority);
     _priority = priority;
     StoredObject::of(*this)->setChanged();
 }
 
 NSDateComponents Reminder::startDateComponents() {
-    logMessage(*this, "startDateComponents");
+    const Turn turn(*this, "startDateComponents");
     return _start;
 }
 
 void Reminder::setStartDateComponents(const NSDateComponents& start) {
-    logMessage(*this, "setStartDateComponents:", start);
+    const Turn turn(*this, "setStartDateComponents:", start);
     _start = checkedCopy(start);
     StoredObject::of(*this)->setChanged();
 }
 
 NSDateComponents Reminder::dueDateComponents() {
-    logMessage(*this, "dueDateComponents");
+    const Turn turn(*this, "dueDateComponents");
     return _due;
 }
 
 void Reminder::setDueDateComponents(const NSDateComponents& due) {
-    logMessage(*this, "setDueDateComponents:", due);
+    const Turn turn(*this, "setDueDateComponents:", due);
     _due = checkedCopy(due);
     StoredObject::of(*this)->setChanged();
 }
 
 bool Reminder::isCompleted() {
-    logMessage(*this, "isCompleted");
+    const Turn turn(*this, "isCompleted");
     return static_cast<bool>(_completion);
 }
 
 void Reminder::setCompleted(bool completed) {
-    logMessage(*this, "setCompleted:", completed);
+    const Turn turn(*this, "setCompleted:", completed);
     _completion = completed ? NSDate::now() : NSDate();
     StoredObject::of(*this)->setChanged();
 }
 
 NSDate Reminder::completionDate() {
-    logMessage(*this, "completionDate");
+    const Turn turn(*this, "completionDate");
     return _completion;
 }
 
 void Reminder::setCompletionDate(const NSDate& date) {
-    logMessage(*this, "setCompletionDate:", date);
+    const Turn turn(*this, "setCompletionDate:", date);
     _completion = date;
     StoredObject::of(*this)->setChanged();
 }

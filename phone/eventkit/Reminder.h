@@ -13,9 +13,6 @@ public:
 
     /// As it is written.
     ReminderItem item() const;
-    objc::Int currentPriority() const { return _priority; }
-    bool hasStart() const { return static_cast<bool>(_start); }
-    bool isDue() const { return static_cast<bool>(_due); }
 
 private:
     static EKReminder withEventStore(const EKEventStore& store);

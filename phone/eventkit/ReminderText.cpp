@@ -1,6 +1,7 @@
 #include "phone/eventkit/ReminderText.h"
 
 #include "phone/eventkit/ItemText.h"
+#include "phone/eventkit/RecurrenceText.h"
 
 namespace phone {
 
@@ -28,6 +29,9 @@ std::string textOf(const ReminderItem& reminder) {
         icalcomponent_add_property(todo, icalproperty_new_status(ICAL_STATUS_COMPLETED));
         icalcomponent_add_property(todo, icalproperty_new_percentcomplete(allOfIt));
     }
+    if (reminder.recurrence) {
+        ical::setRecurrence(calendar.get(), todo, *reminder.recurrence, reminder.due && reminder.due->isDay);
+    }
     ical::addAlarms(todo, reminder);
     icalcomponent_add_component(calendar.get(), todo); // behind the zones
     return ical::text(calendar);
@@ -47,6 +51,7 @@ std::optional<ReminderItem> reminderFrom(const std::string& text) {
     reminder.start = ical::dateIn(todo, ICAL_DTSTART_PROPERTY);
     reminder.due = ical::dateIn(todo, ICAL_DUE_PROPERTY);
     reminder.completed = ical::momentIn(todo, ICAL_COMPLETED_PROPERTY);
+    reminder.recurrence = ical::recurrenceIn(todo);
     return reminder;
 }
 

@@ -22,18 +22,7 @@ nlohmann::json shown(T value) {
     return std::to_string(static_cast<objc::Int>(value));
 }
 
+/// Adds {"class", "message", "arguments"} to the log.
 void addEntry(const char* className, const char* message, nlohmann::json arguments);
-
-/// Adds {"class", "message", "arguments"} to the log; the class is the receiver's own.
-template <class... A>
-void logMessage(const objc::Object& receiver, const char* message, const A&... arguments) {
-    addEntry(object_getClassName(receiver.raw()), message, nlohmann::json::array({shown(arguments)...}));
-}
-
-/// The same for a message to a class.
-template <class... A>
-void logClassMessage(const char* className, const char* message, const A&... arguments) {
-    addEntry(className, message, nlohmann::json::array({shown(arguments)...}));
-}
 
 } // namespace phone::eventkit

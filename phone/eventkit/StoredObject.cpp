@@ -1,6 +1,6 @@
 #include "phone/eventkit/StoredObject.h"
 
-#include "phone/eventkit/StoreEntry.h"
+#include "phone/eventkit/Turn.h"
 
 namespace phone::eventkit {
 
@@ -9,12 +9,12 @@ void StoredObject::define(objc::ClassTable<StoredObject>& c) {
 }
 
 bool StoredObject::hasChanges() {
-    logMessage(*this, "hasChanges");
+    const Turn turn(*this, "hasChanges");
     return _hasChanges;
 }
 
 bool StoredObject::isNew() {
-    logMessage(*this, "isNew");
+    const Turn turn(*this, "isNew");
     return _isNew;
 }
 

@@ -1,5 +1,6 @@
 #include "phone/flow/CommandReader.h"
 
+#include "phone/device/Orientation.h"
 #include "phone/flow/FlowFile.h"
 #include "phone/flow/LocalTime.h"
 #include "phone/flow/PreferenceReader.h"
@@ -214,9 +215,7 @@ const std::vector<Known>& knownCommands() {
         needs("advance", [](const Yaml& n, const CommandScope&) -> Any { return Advance{n.number("advance", 0)}; }),
         needs("setOrientation",
               [](const Yaml& n, const CommandScope& s) -> Any {
-                  static constexpr std::array<std::string_view, 4> names = {"PORTRAIT", "UPSIDE_DOWN", "LANDSCAPE_LEFT",
-                                                                            "LANDSCAPE_RIGHT"};
-                  return SetOrientation{oneOf(n, "setOrientation", s, names)};
+                  return SetOrientation{oneOf(n, "setOrientation", s, orientationNames)};
               }),
         needs("toggle", looking<Toggle>),
         needs("pickDate", pickDate),
@@ -225,9 +224,10 @@ const std::vector<Known>& knownCommands() {
         needs("setPermissions", setPermissions),
         needs("setStoreAnswers",
               [](const Yaml& n, const CommandScope& s) -> Any {
-                  static constexpr std::array<std::string_view, 2> words = {"late", "early"};
+                  static constexpr std::array<std::string_view, 3> words = {"late", "early", "concurrent"};
                   return SetStoreAnswers{oneOf(n, "setStoreAnswers", s, words)};
               }),
+        bare("memoryWarning", MemoryWarning{}),
         needs("takeScreenshot",
               [](const Yaml& n, const CommandScope& s) -> Any {
                   return TakeScreenshot{outputName(n, "takeScreenshot", s)};

@@ -98,8 +98,9 @@ struct SetPermissions {
     std::optional<Access> events;
 };
 struct SetStoreAnswers {
-    std::string when; // late, early
+    std::string when; // late, early, concurrent
 };
+struct MemoryWarning {};
 struct TakeScreenshot {
     std::string name;
 };
@@ -122,7 +123,7 @@ struct Repeat {
 using Any = std::variant<LaunchApp, StopApp, PhoneCall, Tap, Swipe, InputText, EraseText, PressKey, SetClipboard,
                          PasteText, HideKeyboard, AssertVisible, AssertNotVisible, WaitForAnimationToEnd, Advance,
                          SetOrientation, SetClock, SetPreferences, TakeScreenshot, DumpTree, DumpLog, RunFlow, Repeat,
-                         Toggle, PickDate, SetPermissions, SetStoreAnswers>;
+                         Toggle, PickDate, SetPermissions, SetStoreAnswers, MemoryWarning>;
 
 } // namespace commands
 

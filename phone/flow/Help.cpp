@@ -75,14 +75,17 @@ FLOWS
   toggle: SELECTOR                    touches the switch on the line of the label
   pickDate: "2026-05-16T09:00"        turns the wheels of the date picker on the screen
   assertVisible, assertNotVisible: SELECTOR
-  waitForAnimationToEnd               until nothing moves
+  waitForAnimationToEnd               until nothing moves and the calendar store has answered
   advance: SECONDS                    moves the animation clock
   setOrientation: PORTRAIT | UPSIDE_DOWN | LANDSCAPE_LEFT | LANDSCAPE_RIGHT
   setClock: "2026-03-05T23:40:00"     the wall clock, which otherwise stands still
   setPreferences: {SwitchCell1: true} as the settings pane would; null removes a key
   setPermissions: {reminders: allow}  allow, deny or ask, for reminders and events
-  setStoreAnswers: late | early       when the calendar store answers where no person is asked: once the touch
-                                      has done all that it does (late), or while it is being asked
+  setStoreAnswers: late | early | concurrent
+                                      when the calendar store answers where no person is asked: once the touch
+                                      has done all that it does (late), while it is being asked, or at once
+                                      while the application goes on
+  memoryWarning                       the system warns the application
   takeScreenshot: NAME                NAME.png, two pixels a point
   dumpTree: NAME                      NAME.xml, every view on the screen
   dumpLog: NAME                       NAME.jsonl, what happened since launchApp

@@ -20,11 +20,10 @@ bool isLanguageTag(const std::string& text) {
 }
 
 Wrong wrongDevice(const std::string& value) {
-    return unless(deviceNamed(value).has_value(),
-                  "unknown device `" + value + "`; known: iphone4, iphone5, ipad, other");
+    return unless(deviceNamed(value).has_value(), "unknown device `" + value + "`; known: " + deviceNames());
 }
 Wrong wrongApplication(const std::string& value) {
-    return unless(applicationNamed(value).has_value(), "unknown app `" + value + "`; known: newer, older");
+    return unless(applicationNamed(value).has_value(), "unknown app `" + value + "`; known: " + applicationNames());
 }
 Wrong wrongLanguage(const std::string& value) {
     return unless(isLanguageTag(value), "`" + value + "` is no language tag; write it like de or pt-BR");
@@ -33,10 +32,10 @@ Wrong wrongRegion(const std::string& value) {
     return unless(isRegion(value), "`" + value + "` is no region; write it like DE or US");
 }
 Wrong wrongHours(const std::string& value) {
-    return unless(hoursNamed(value).has_value(), "unknown hours `" + value + "`; known: 12, 24");
+    return unless(hoursNamed(value).has_value(), "unknown hours `" + value + "`; known: " + hoursNames());
 }
 Wrong wrongSystem(const std::string& value) {
-    return unless(systemNamed(value).has_value(), "unknown system `" + value + "`; known: 7, 8");
+    return unless(systemNamed(value).has_value(), "unknown system `" + value + "`; known: " + systemNames());
 }
 Wrong wrongNow(const std::string& value) {
     return unless(isLocalTime(value), "`" + value + "` is no local time; write it like 2026-03-05T14:37:12");

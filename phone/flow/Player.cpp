@@ -89,6 +89,8 @@ struct Player::Performer {
         }
     }
 
+    void operator()(const commands::MemoryWarning&) const { screen().warnOfMemory(); }
+
     void operator()(const commands::TakeScreenshot& shot) const {
         const std::string path = player.outputPath(shot.name, ".png");
         screen().screenshot(path);

@@ -43,7 +43,7 @@ ordered_json notes(const std::string& root, const std::string& zone) {
                            {"title", orNull(note.title)},
                            {"summary", orNull(note.summary)},
                            {"content", orNull(note.content)},
-                           {"body", orNull(note.body)},
+                           {"body", orNull(note.content)},
                            {"plainText", note.isPlainText},
                            {"id", note.integerId},
                            {"created", date(note.created, zone)},

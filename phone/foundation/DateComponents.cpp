@@ -46,11 +46,30 @@ id dateFromComponents(id self, SEL selector, id given) {
     return dateOf(self, selector, components.raw());
 }
 
+constexpr objc::UInt calendarUnit = 1 << 20;
+constexpr objc::UInt timeZoneUnit = 1 << 21;
+
+id (*componentsOf)(id, SEL, objc::UInt, id) = nullptr;
+
+/// GNUstep's own passes over the two units that are no fields.
+id componentsFromDate(id self, SEL selector, objc::UInt units, id date) {
+    const id made = componentsOf(self, selector, units, date);
+    const auto components = objc::borrow<NSDateComponents>(made);
+    if ((units & calendarUnit) != 0) {
+        components.setCalendar(objc::borrow<NSCalendar>(self));
+    }
+    if ((units & timeZoneUnit) != 0) {
+        components.setTimeZone(objc::borrow<NSCalendar>(self).send<"timeZone", NSTimeZone>());
+    }
+    return made;
+}
+
 } // namespace
 
 void installDateComponents() {
     correct<"copyWithZone:">(objc::classOf<NSDateComponents>(), &copyWithZone);
     dateOf = correct<"dateFromComponents:">(objc::classOf<NSCalendar>(), &dateFromComponents);
+    componentsOf = correct<"components:fromDate:">(objc::classOf<NSCalendar>(), &componentsFromDate);
 }
 
 } // namespace phone

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "phone/notes/ManagedObject.h"
-#include "phone/notes/StoreLog.h"
+#include "phone/notes/NotesTurn.h"
 #include "platform/notes/NoteContext.h"
 
 namespace phone::notes {

@@ -12,12 +12,12 @@ void Body::define(objc::ClassTable<Body>& c) {
 }
 
 NoteObject Body::owner() {
-    logStore(objc_name, "owner");
+    const NotesTurn turn(objc_name, "owner");
     return _owner.get();
 }
 
 void Body::setOwner(const NoteObject& note) {
-    logStore(objc_name, "setOwner:", note);
+    const NotesTurn turn(objc_name, "setOwner:", note);
     if (Note* before = Note::of(_owner.raw()); before != nullptr && _owner.raw() != note.raw()) {
         before->setBodyOnly(nullptr);
     }

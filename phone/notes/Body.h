@@ -1,8 +1,8 @@
-/// The text of one note being written.
+/// The content of one note being written.
 #pragma once
 
 #include "phone/notes/ManagedObject.h"
-#include "phone/notes/StoreLog.h"
+#include "phone/notes/NotesTurn.h"
 #include "platform/notes/NoteContext.h"
 
 namespace phone::notes {
@@ -11,8 +11,8 @@ class Body : public objc::Implements<Body, NoteBodyObject, objc::Ref<ManagedObje
 public:
     static void define(objc::ClassTable<Body>& c);
 
-    const NSString& text() const { return _content; }
-    void setText(const NSString& text) { _content = text; }
+    const NSString& content() const { return _content; }
+    void setContent(const NSString& content) { _content = content; }
     /// The note's side of the relation; sets this side alone.
     void setOwnerOnly(const NoteObject& note) { _owner = note; }
 

@@ -1,6 +1,7 @@
 #include "phone/notes/Context.h"
 
 #include "phone/device/RootFolder.h"
+#include "phone/foundation/Raise.h"
 #include "phone/notes/ManagedObjectContext.h"
 #include "phone/notes/Note.h"
 #include "phone/notes/Store.h"
@@ -22,7 +23,7 @@ void Context::define(objc::ClassTable<Context>& c) {
 
 void Context::init() {
     super<"init">();
-    logStore(objc_name, "init");
+    const NotesTurn turn(objc_name, "init");
     _managed = objc::make<NSManagedObjectContext>();
     const auto stores = objc::make<NSMutableArray>();
     try {
@@ -41,22 +42,22 @@ void Context::init() {
 }
 
 NSArray Context::allStores() {
-    logStore(objc_name, "allStores");
+    const NotesTurn turn(objc_name, "allStores");
     return _stores;
 }
 
 NoteStoreObject Context::defaultStoreForNewNote() {
-    logStore(objc_name, "defaultStoreForNewNote");
+    const NotesTurn turn(objc_name, "defaultStoreForNewNote");
     return _defaultStore;
 }
 
 NSManagedObjectContext Context::managedObjectContext() {
-    logStore(objc_name, "managedObjectContext");
+    const NotesTurn turn(objc_name, "managedObjectContext");
     return _managed;
 }
 
 NSNumber Context::nextIndex() {
-    logStore(objc_name, "nextIndex");
+    const NotesTurn turn(objc_name, "nextIndex");
     try {
         _lastIndex = std::max(_lastIndex, _database == nullptr ? 0 : _database->lastIndex());
     } catch (const NotesDatabaseError&) {
@@ -66,12 +67,12 @@ NSNumber Context::nextIndex() {
 }
 
 void Context::enableChangeLogging(bool enabled) {
-    logStore(objc_name, "enableChangeLogging:", enabled);
+    const NotesTurn turn(objc_name, "enableChangeLogging:", enabled);
     _changeLogging = enabled;
 }
 
 bool Context::saveOutsideApp(const NSObject& error) {
-    logStore(objc_name, "saveOutsideApp:", error);
+    const NotesTurn turn(objc_name, "saveOutsideApp:", error);
     return save();
 }
 
@@ -83,6 +84,9 @@ bool Context::save() {
             const auto row = note->row();
             if (!row) {
                 return false;
+            }
+            if (!row->title || !row->summary) {
+                raise("NSInvalidArgumentException", "a note needs a title and a summary to be saved");
             }
             rows.push_back(*row);
         }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "phone/notes/NotesDatabase.h"
-#include "phone/notes/StoreLog.h"
+#include "phone/notes/NotesTurn.h"
 #include "platform/notes/NoteContext.h"
 
 #include <memory>
@@ -25,7 +25,8 @@ private:
     /// moves when a note with it is saved.
     NSNumber nextIndex();
     void enableChangeLogging(bool enabled);
-    /// All that was inserted, or nothing: a note without a store or a body cannot be saved.
+    /// All that was inserted, or nothing: a note without a store or a body cannot be saved. Raises
+    /// NSInvalidArgumentException for one without a title or a summary.
     bool saveOutsideApp(const NSObject& error);
 
     bool save();

@@ -28,7 +28,7 @@ void EntityDescription::define(objc::ClassTable<EntityDescription>& c) {
 }
 
 NSObject EntityDescription::insertNew(const NSString& entity, const NSManagedObjectContext& context) {
-    logStore(objc_name, insertion, entity, context);
+    const NotesTurn turn(objc_name, insertion, entity, context);
     ManagedObjectContext* into = ManagedObjectContext::of(context);
     if (into == nullptr) {
         raise("NSInvalidArgumentException",

@@ -1,7 +1,7 @@
 /// The entities of the Notes model by name.
 #pragma once
 
-#include "phone/notes/StoreLog.h"
+#include "phone/notes/NotesTurn.h"
 #include "platform/notes/NoteContext.h"
 
 namespace phone::notes {

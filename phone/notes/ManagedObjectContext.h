@@ -1,7 +1,7 @@
 /// Where inserted objects live until they are saved; those that never are go with it.
 #pragma once
 
-#include "phone/notes/StoreLog.h"
+#include "phone/notes/NotesTurn.h"
 #include "platform/notes/NoteContext.h"
 
 #include <vector>

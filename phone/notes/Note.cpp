@@ -44,21 +44,21 @@ Note::~Note() {
 }
 
 NSString Note::content() {
-    logStore(objc_name, "content");
+    const NotesTurn turn(objc_name, "content");
     const Body* body = Body::of(_body);
-    return body == nullptr ? _content : body->text();
+    return body == nullptr ? _content : body->content();
 }
 
 void Note::setContent(const NSString& content) {
-    logStore(objc_name, "setContent:", content);
+    const NotesTurn turn(objc_name, "setContent:", content);
     _content = content;
     if (Body* body = Body::of(_body)) {
-        body->setText(content);
+        body->setContent(content);
     }
 }
 
 void Note::setBody(const NoteBodyObject& body) {
-    logStore(objc_name, "setBody:", body);
+    const NotesTurn turn(objc_name, "setBody:", body);
     if (Body* before = Body::of(_body)) {
         before->setOwnerOnly(nullptr);
     }
@@ -80,7 +80,7 @@ std::optional<NoteRow> Note::row() const {
     row.isPlainText = _isPlainText;
     row.title = optional(_title);
     row.summary = optional(_summary);
-    row.body = optional(body->text());
+    row.content = optional(body->content());
     row.created = optional(_creationDate);
     row.modified = optional(_modificationDate);
     return row;

@@ -3,7 +3,7 @@
 
 #include "phone/notes/ManagedObject.h"
 #include "phone/notes/NotesDatabase.h"
-#include "phone/notes/StoreLog.h"
+#include "phone/notes/NotesTurn.h"
 #include "platform/notes/NoteContext.h"
 
 #include <optional>
@@ -23,7 +23,7 @@ public:
 private:
     friend LoggedFields<Note>;
 
-    /// A note's text is its body's; it is kept here only until there is a body.
+    /// A note's content is its body's; it is kept here only until there is a body.
     NSString content();
     void setContent(const NSString& content);
     /// The body takes this as its owner: the model keeps both sides of the relation.

@@ -14,8 +14,8 @@ namespace fs = std::filesystem;
 using sqlite::Statement;
 
 // How ZCONTENTTYPE tells plain text from a text with markup.
-constexpr long markupContent = 0;
-constexpr long plainContent = 1;
+constexpr long plainContent = 0;
+constexpr long markupContent = 1;
 // What a note has that no server knows.
 constexpr long noServerId = -4294967296;
 constexpr long noteAdded = 0; // ZCHANGETYPE
@@ -69,7 +69,7 @@ bool containsCjk(const std::string& utf8) {
 void insertNote(sqlite3* database, const NoteRow& note) {
     const long noteKey = takeKey(database, NoteEntity);
     const long bodyKey = takeKey(database, NoteBodyEntity);
-    const bool cjk = containsCjk(note.title.value_or("")) || containsCjk(note.body.value_or(""));
+    const bool cjk = containsCjk(note.title.value_or("")) || containsCjk(note.content.value_or(""));
     Statement(database, "INSERT INTO ZNOTE (Z_PK, Z_ENT, Z_OPT, ZCONTAINSCJK, ZCONTENTTYPE, ZDELETEDFLAG, "
                         "ZEXTERNALFLAGS, ZEXTERNALSEQUENCENUMBER, ZEXTERNALSERVERINTID, ZINTEGERID, "
                         "ZISBOOKKEEPINGENTRY, ZBODY, ZSTORE, ZCREATIONDATE, ZMODIFICATIONDATE, ZSUMMARY, ZTITLE) "
@@ -91,7 +91,7 @@ void insertNote(sqlite3* database, const NoteRow& note) {
         .bind(bodyKey)
         .bind(NoteBodyEntity)
         .bind(noteKey)
-        .bind(note.body)
+        .bind(note.content)
         .run();
 }
 
@@ -175,7 +175,6 @@ std::vector<NoteRow> NotesDatabase::notes() const {
                          .title = rows.optionalText(5),
                          .summary = rows.optionalText(6),
                          .content = rows.optionalText(7),
-                         .body = rows.optionalText(7),
                          .created = rows.optionalReal(8),
                          .modified = rows.optionalReal(9)});
     }

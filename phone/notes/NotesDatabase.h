@@ -32,8 +32,7 @@ struct NoteRow {
     bool isPlainText = false;
     std::optional<std::string> title;
     std::optional<std::string> summary;
-    std::optional<std::string> content; // what the note answers: its body's text
-    std::optional<std::string> body;    // the text of its NoteBody
+    std::optional<std::string> content; // of its NoteBody: what the note itself answers too
     std::optional<double> created;
     std::optional<double> modified;
 };
@@ -67,7 +66,7 @@ public:
     /// The highest note number given out by what has been saved.
     long lastIndex() const;
     /// Writes all notes in one transaction: all or none. `key`s and `store` names are the database's own
-    /// business; a note's text goes into its body. The counter of note numbers moves up to the highest of
+    /// business; a note's content goes into its body. The counter of note numbers moves up to the highest of
     /// them. `logChanges` leaves a change record for each, as programs that synchronise notes expect.
     void insert(const std::vector<NoteRow>& notes, bool logChanges = false);
 

@@ -3,7 +3,7 @@
 
 #include "phone/notes/ManagedObject.h"
 #include "phone/notes/NotesDatabase.h"
-#include "phone/notes/StoreLog.h"
+#include "phone/notes/NotesTurn.h"
 #include "platform/notes/NoteContext.h"
 
 namespace phone::notes {

@@ -20,28 +20,4 @@ nlohmann::json readable(const objc::Object& object);
 /// Adds {"class", "message", "arguments"} to the log.
 void addStoreEntry(const char* className, const char* message, nlohmann::json arguments);
 
-/// The same, of the arguments themselves.
-template <class... A>
-void logStore(const char* className, const char* message, const A&... arguments) {
-    nlohmann::json all = nlohmann::json::array();
-    (all.push_back(readable(arguments)), ...);
-    addStoreEntry(className, message, std::move(all));
-}
-
-/// Gives the store objects of class T messages that log themselves and answer or set a field.
-template <class T>
-class LoggedFields {
-public:
-    template <objc::FixedString Sel, auto Field>
-    auto logged() {
-        logStore(T::objc_name, Sel.text);
-        return static_cast<T*>(this)->*Field;
-    }
-    template <objc::FixedString Sel, auto Field>
-    void setLogged(const typename objc::detail::MemberOf<decltype(Field)>::Value& value) {
-        logStore(T::objc_name, Sel.text, value);
-        static_cast<T*>(this)->*Field = value;
-    }
-};
-
 } // namespace phone

@@ -1,5 +1,6 @@
 #include "phone/server/PageCommands.h"
 
+#include "phone/device/Orientation.h"
 #include "phone/eventkit/CalendarFolder.h"
 #include "phone/flow/InputError.h"
 #include "phone/flow/LocalTime.h"
@@ -26,11 +27,11 @@ std::string textIn(const json& body, const char* key) {
 }
 
 /// One of a few words.
-std::string wordIn(const json& body, const char* key, std::initializer_list<const char*> words) {
+std::string wordIn(const json& body, const char* key, const std::vector<std::string_view>& words) {
     const std::string given = textIn(body, key);
     if (std::find(words.begin(), words.end(), given) == words.end()) {
         std::string all;
-        for (const char* word : words) {
+        for (const std::string_view word : words) {
             all += (all.empty() ? "" : ", ") + std::string(word);
         }
         throw PageRefusal(std::string("\"") + key + "\" has to be one of " + all);
@@ -131,8 +132,7 @@ json call(PageDesk& desk, const json& body) {
 }
 
 json orientation(PageDesk& desk, const json& body) {
-    const std::string name =
-        wordIn(body, "orientation", {"PORTRAIT", "UPSIDE_DOWN", "LANDSCAPE_LEFT", "LANDSCAPE_RIGHT"});
+    const std::string name = wordIn(body, "orientation", {orientationNames.begin(), orientationNames.end()});
     act(
         desk, [&] { desk.phone.setOrientation(name); },
         [&](FlowRecorder& recorder, const Moment& moment) { recorder.turn(moment, name); });

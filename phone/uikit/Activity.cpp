@@ -1,17 +1,12 @@
 #include "phone/uikit/Activity.h"
 
 #include "phone/device/Log.h"
+#include "phone/device/MainThread.h"
 #include "phone/device/RunLoop.h"
 
 namespace phone {
 
 namespace {
-
-struct NSThread : objc::Object {
-    static constexpr auto objc_name = "NSThread";
-};
-
-bool isMainThread() { return objc::sendClass<NSThread, "isMainThread", bool>(); }
 
 /// Whether the class of the activity answers the message otherwise than UIActivity does.
 template <objc::FixedString Sel>

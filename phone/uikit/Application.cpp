@@ -1,11 +1,13 @@
 #include "phone/uikit/Application.h"
 
 #include "phone/foundation/Arrays.h"
+#include "phone/foundation/Text.h"
 #include "phone/uikit/Interface.h"
 #include "phone/uikit/StatusBar.h"
 #include "phone/uikit/Touch.h"
 #include "phone/uikit/TouchDelivery.h"
 #include "phone/uikit/Window.h"
+#include "platform/foundation/NSNotification.h"
 
 #include <algorithm>
 #include <string_view>
@@ -89,6 +91,15 @@ bool Application::sendAction(SEL action, const objc::Object& target, const objc:
     }
     deliver(action, receiver, sender, event);
     return true;
+}
+
+void Application::warnOfMemory() const {
+    const UIApplication application = *this;
+    const objc::Object told = delegate();
+    if (objc::responds<"applicationDidReceiveMemoryWarning:">(told)) {
+        told.send<"applicationDidReceiveMemoryWarning:">(application);
+    }
+    NSNotificationCenter::defaultCenter().post(string(memoryWarning), application, nullptr);
 }
 
 void Application::layoutWindows() {

@@ -16,6 +16,9 @@ namespace {
 constexpr CGFloat hairline = 0.5; // points
 constexpr CGFloat disabledAlpha = 0.5;
 
+constexpr objc::Int minutesInHour = 60;
+constexpr objc::Int longestInterval = 30;
+
 constexpr std::array<CGFloat, 3> heights = {162, 180, 216};
 
 /// With the nearest of the heights that wheels have on this system; another one is said on standard error.
@@ -39,6 +42,8 @@ void DatePicker::define(objc::ClassTable<DatePicker>& c) {
         .def<"date", &DatePicker::date>()
         .def<"setDate:", &DatePicker::setDate>()
         .def<"setDate:animated:", &DatePicker::setDateAnimated>()
+        .get<"minuteInterval", &DatePicker::_minuteInterval>()
+        .def<"setMinuteInterval:", &DatePicker::setMinuteInterval>()
         .get<"minimumDate", &DatePicker::_minimum>()
         .def<"setMinimumDate:", &DatePicker::setMinimumDate>()
         .get<"maximumDate", &DatePicker::_maximum>()
@@ -92,6 +97,25 @@ void DatePicker::setMode(UIDatePickerMode mode) {
     }
 }
 
+/// An interval that does not divide the hour, or is too long, counts as the default.
+void DatePicker::setMinuteInterval(objc::Int minutes) {
+    const bool divides = minutes >= 1 && minutes <= longestInterval && minutesInHour % minutes == 0;
+    _minuteInterval = divides ? minutes : 1;
+    buildWheels();
+}
+
+long DatePicker::rowOf(DateUnit unit, const CalendarFields& fields) const {
+    const long row = wheelRow(unit, fields);
+    return unit == DateUnit::Minute ? row / _minuteInterval : row;
+}
+
+/// The minutes' wheel with a row an interval.
+WheelRows DatePicker::inIntervals(WheelRows minutes) const {
+    minutes.count = minutesInHour / _minuteInterval;
+    minutes.title = [title = std::move(minutes.title), step = _minuteInterval](long row) { return title(row * step); };
+    return minutes;
+}
+
 void DatePicker::buildWheels() {
     for (const Wheel& old : _wheels) {
         old.view->setTurned(nullptr);
@@ -111,7 +135,7 @@ void DatePicker::buildWheels() {
         const auto view = objc::make<objc::Ref<PickerWheel>, "initWithFrame:">(CGRect(x, 0, wheel.width, size.height));
         x += wheel.width;
         view->setAccessibilityIdentifier(NSString::utf8(wheel.name));
-        view->show(wheel.rows, wheelRow(wheel.unit, fields));
+        view->show(wheel.unit == DateUnit::Minute ? inIntervals(wheel.rows) : wheel.rows, rowOf(wheel.unit, fields));
         view->setTurned([this, unit = wheel.unit](long row) { turned(unit, row); });
         _content.addSubview(objc::as<UIView>(view));
         _wheels.push_back({wheel.unit, view});
@@ -128,13 +152,16 @@ void DatePicker::buildWheels() {
 void DatePicker::show(bool animated) {
     const CalendarFields fields = calendarFields(_moment);
     for (const Wheel& wheel : _wheels) {
-        wheel.view->turnTo(wheelRow(wheel.unit, fields), animated);
+        wheel.view->turnTo(rowOf(wheel.unit, fields), animated);
     }
 }
 
 void DatePicker::turned(DateUnit unit, long row) {
     const objc::Keep kept(raw());
-    _moment = limited(momentOf(turnedTo(unit, row, calendarFields(_moment))));
+    CalendarFields shown = calendarFields(_moment);
+    shown.minute -= shown.minute % static_cast<int>(_minuteInterval);
+    const long value = unit == DateUnit::Minute ? row * _minuteInterval : row;
+    _moment = limited(momentOf(turnedTo(unit, value, shown)));
     show(true);
     sendActions(UIControlEventValueChanged);
 }

@@ -42,6 +42,10 @@ private:
     void setMinimumDate(const NSDate& date);
     void setMaximumDate(const NSDate& date);
 
+    void setMinuteInterval(objc::Int minutes);
+    long rowOf(DateUnit unit, const CalendarFields& fields) const;
+    WheelRows inIntervals(WheelRows minutes) const;
+
     void buildWheels();
     /// The wheels show the date.
     void show(bool animated);
@@ -49,10 +53,11 @@ private:
     NSTimeInterval limited(NSTimeInterval moment) const;
 
     UIDatePickerMode _mode = UIDatePickerMode::DateAndTime;
-    NSTimeInterval _moment = 0; // since the reference date
-    NSDate _minimum;            // nil: no limit
-    NSDate _maximum;            // nil: no limit
-    UIView _content;            // holds the wheels and the lines around the chosen row
+    objc::Int _minuteInterval = 1; // minutes from one row to the next
+    NSTimeInterval _moment = 0;    // since the reference date
+    NSDate _minimum;               // nil: no limit
+    NSDate _maximum;               // nil: no limit
+    UIView _content;               // holds the wheels and the lines around the chosen row
     std::vector<Wheel> _wheels;
 };
 

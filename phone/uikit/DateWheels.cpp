@@ -1,5 +1,6 @@
 #include "phone/uikit/DateWheels.h"
 
+#include "phone/device/LastYear.h"
 #include "phone/foundation/HourPattern.h"
 #include "phone/foundation/PersonsDates.h"
 #include "phone/foundation/Text.h"
@@ -18,9 +19,7 @@ namespace {
 using Alignment = WheelRows::Alignment;
 
 constexpr int hoursInHalfDay = 12;
-// The first whole year of the Gregorian calendar, and the last with four digits.
-constexpr int firstYear = 1583;
-constexpr int lastYear = 9999;
+constexpr int firstYear = 1583; // the first whole one of the Gregorian calendar
 
 /// Writes one part of a date in the person's words and digits. It knows no zone: no clock skips an hour of it.
 class Writer {

@@ -1,16 +1,13 @@
 #include "phone/uikit/HeldScreen.h"
 
+#include "phone/device/Orientation.h"
 #include "phone/device/Settings.h"
 
 #include <algorithm>
-#include <array>
 
 namespace phone {
 
 namespace {
-
-// In the order of quarter turns clockwise.
-constexpr std::array<const char*, 4> names = {"PORTRAIT", "LANDSCAPE_RIGHT", "UPSIDE_DOWN", "LANDSCAPE_LEFT"};
 
 CGSize uprightSize() { return {settings().device.width, settings().device.height}; }
 
@@ -25,7 +22,7 @@ HeldScreen& HeldScreen::shared() {
 }
 
 bool HeldScreen::turn(const std::string& orientation) {
-    if (std::find(names.begin(), names.end(), orientation) == names.end()) {
+    if (std::find(orientationNames.begin(), orientationNames.end(), orientation) == orientationNames.end()) {
         return false;
     }
     _orientation = orientation;
@@ -33,7 +30,8 @@ bool HeldScreen::turn(const std::string& orientation) {
 }
 
 int HeldScreen::quarterTurns() const {
-    return static_cast<int>(std::find(names.begin(), names.end(), _orientation) - names.begin());
+    return static_cast<int>(std::find(orientationNames.begin(), orientationNames.end(), _orientation) -
+                            orientationNames.begin());
 }
 
 CGSize HeldScreen::size() const {

@@ -4,8 +4,8 @@
 namespace phone {
 
 /// From now on a view or controller that is released on another thread is released at the start of the main
-/// thread's next cycle instead, as the platform does for those whom a background thread held last. Call on
-/// the main thread, once the classes exist.
+/// thread's next cycle instead, as the platform does for those whom a background thread held last. Call once
+/// the classes exist.
 void releaseRespondersOnMainThread();
 
 } // namespace phone

@@ -1,5 +1,6 @@
 #include "phone/uikit/TableViewCell.h"
 
+#include "phone/device/Settings.h"
 #include "phone/uikit/Animator.h"
 #include "phone/uikit/Color.h"
 #include "phone/uikit/TableParts.h"
@@ -57,15 +58,17 @@ void TableViewCell::initWithStyle(objc::Int, const NSString& identifier) {
     super<"initWithFrame:">(CGRect(0, 0, defaultWidth, TableView::defaultRowHeight));
     _identifier = identifier.send<"copy", NSString>();
     setBackgroundColor(UIColor::white());
-    _scroll = objc::as<UIView>(objc::Ref<TableCellScrollView>::make());
-    objc::as<UIScrollView>(_scroll).setScrollEnabled(false);
+    if (settings().system.number < 8) {
+        _scroll = objc::as<UIView>(objc::Ref<TableCellScrollView>::make());
+        objc::as<UIScrollView>(_scroll).setScrollEnabled(false);
+        addSubview(_scroll);
+    }
     _content = objc::as<UIView>(objc::Ref<TableCellContentView>::make());
     _separator = objc::as<UIView>(objc::Ref<TableCellSeparator>::make());
     _separator.setBackgroundColor(separatorColor());
     _separator.setUserInteractionEnabled(false);
-    addSubview(_scroll);
-    _scroll.addSubview(_content);
-    _scroll.addSubview(_separator);
+    inside().addSubview(_content);
+    inside().addSubview(_separator);
 }
 
 // Content
@@ -97,7 +100,7 @@ void TableViewCell::setAccessoryType(UITableViewCellAccessoryType type) {
     _mark.removeFromSuperview();
     _mark = TableCellMark::make(type);
     if (_mark && !_accessoryView) {
-        _scroll.addSubview(_mark);
+        inside().addSubview(_mark);
     }
     setNeedsLayout();
 }
@@ -106,15 +109,15 @@ void TableViewCell::setAccessoryView(const UIView& view) {
     if (view == _accessoryView) {
         return;
     }
-    if (_accessoryView.superview() == _scroll) { // another cell may have taken it
+    if (_accessoryView.superview() == inside()) { // another cell may have taken it
         _accessoryView.removeFromSuperview();
     }
     _accessoryView = view;
     if (_accessoryView) {
         _mark.removeFromSuperview();
-        _scroll.addSubview(_accessoryView);
+        inside().addSubview(_accessoryView);
     } else if (_mark) {
-        _scroll.addSubview(_mark);
+        inside().addSubview(_mark);
     }
     setNeedsLayout();
 }
@@ -129,7 +132,7 @@ void TableViewCell::layoutSubviews() {
 
     CGFloat contentEnd = size.width;
     CGFloat textMargin = TableView::margin;
-    if (const UIView view = accessory(); view && view.superview() == _scroll) {
+    if (const UIView view = accessory(); view && view.superview() == inside()) {
         const CGSize own = view.bounds().size;
         const CGFloat x = size.width - TableView::margin - own.width;
         view.setFrame({{x, (size.height - own.height) / 2}, own});

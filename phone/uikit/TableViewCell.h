@@ -36,9 +36,11 @@ private:
     void showSelection(bool animated);
     /// The view at the right end; nil when there is none.
     UIView accessory() const { return _accessoryView ? _accessoryView : _mark; }
+    /// What the parts of the cell stand in: on system 7 a view of its own.
+    UIView inside() const { return _scroll ? _scroll : objc::borrow<UIView>(raw()); }
 
     NSString _identifier; // nil: the cell is not reused
-    UIView _scroll;
+    UIView _scroll;       // nil from system 8 on
     UIView _content;
     UIView _separator;
     UILabel _textLabel;         // nil until asked for

@@ -4,6 +4,7 @@
 #include "phone/foundation/Text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace phone {
 
@@ -19,10 +20,22 @@ NSString copied(const NSString& text) { return text ? text.send<"copy", NSString
 
 } // namespace
 
-NSString TextEditing::textBeforeCaret() const { return _text.send<"substringToIndex:", NSString>(_selection.location); }
+NSString TextEditing::textBeforeCaret() const {
+    return text().send<"substringToIndex:", NSString>(_selection.location);
+}
+
+NSString TextEditing::text() const {
+    const std::lock_guard lock(_mutex);
+    return _text;
+}
+
+void TextEditing::put(NSString text) {
+    const std::lock_guard lock(_mutex);
+    std::swap(_text, text);
+}
 
 void TextEditing::setText(const NSString& text) {
-    _text = copied(text);
+    put(copied(text));
     _selection = {_text.length(), 0};
     _owner.textMoved();
 }
@@ -100,7 +113,7 @@ bool TextEditing::change(NSRange range, const NSString& replacement) {
 }
 
 void TextEditing::replace(NSRange range, const NSString& replacement) {
-    _text = _text.stringByReplacingCharactersInRange(range, replacement);
+    put(_text.stringByReplacingCharactersInRange(range, replacement));
     _selection = {range.location + replacement.length(), 0};
     _owner.textMoved();
 }

@@ -4,6 +4,8 @@
 #include "phone/uikit/TextInput.h"
 #include "platform/foundation/NSString.h"
 
+#include <mutex>
+
 namespace phone {
 
 /// Positions are UTF-16 units, as the platform counts them. What a person perceives as one character is
@@ -24,8 +26,8 @@ public:
 
     explicit TextEditing(Owner& owner) : _owner(owner) {}
 
-    /// Never nil.
-    NSString text() const { return _text; }
+    /// Never nil. From any thread: also while the main thread changes the text.
+    NSString text() const;
     bool isEmpty() const { return _text.length() == 0; }
     NSString textBeforeCaret() const;
     /// A range of length zero is the caret.
@@ -56,9 +58,11 @@ private:
     NSRange behindCaret() const;
     bool change(NSRange range, const NSString& replacement);
     void replace(NSRange range, const NSString& replacement);
+    void put(NSString text);
 
     Owner& _owner;
-    NSString _text = ""_ns;
+    mutable std::mutex _mutex; // guards the text while it is put, and where others read it
+    NSString _text = ""_ns;    // only the main thread puts it, and may read it as it stands
     NSRange _selection;
 };
 

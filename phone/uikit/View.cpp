@@ -99,7 +99,7 @@ void View::define(objc::ClassTable<View>& c) {
 
 void View::init() {
     // Sent to the object itself: overriding initWithFrame: is enough for a subclass.
-    objc::detail::call<id>(raw(), objc::selector<"initWithFrame:">(), CGRect());
+    redirect<"initWithFrame:">(CGRect());
 }
 
 void View::initWithFrame(CGRect frame) {

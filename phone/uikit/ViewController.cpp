@@ -3,6 +3,8 @@
 #include "phone/device/Log.h"
 #include "phone/device/Settings.h"
 #include "phone/foundation/Arrays.h"
+#include "phone/foundation/Text.h"
+#include "phone/uikit/Application.h"
 #include "phone/uikit/Orientations.h"
 #include "phone/uikit/Presentation.h"
 #include "phone/uikit/View.h"
@@ -24,6 +26,7 @@ void ViewController::define(objc::ClassTable<ViewController>& c) {
         .def<"viewWillLayoutSubviews", &ViewController::ignore>()
         .def<"viewDidLayoutSubviews", &ViewController::ignore>()
         .def<"didReceiveMemoryWarning", &ViewController::ignore>()
+        .def<"_memoryIsShort:", &ViewController::memoryIsShort>()
         .overrides<"nextResponder", &ViewController::nextResponder>();
     c.get<"title", &ViewController::_title>()
         .def<"setTitle:", &ViewController::setTitle>()
@@ -72,6 +75,7 @@ void ViewController::define(objc::ClassTable<ViewController>& c) {
 }
 
 ViewController::~ViewController() {
+    NSNotificationCenter::defaultCenter().removeObserver(*this);
     if (View* view = View::of(_view)) {
         view->setController(nullptr);
     }
@@ -85,12 +89,14 @@ ViewController::~ViewController() {
 
 void ViewController::init() {
     // Sent to the object itself: overriding the designated initialiser is enough for a subclass.
-    objc::detail::call<id>(raw(), objc::selector<"initWithNibName:bundle:">(), id(nullptr), id(nullptr));
+    redirect<"initWithNibName:bundle:">(NSString(), NSObject());
 }
 
 void ViewController::initWithNibName(const NSString& nib, const NSObject&) {
     super<"init">();
     _nibName = nib;
+    NSNotificationCenter::defaultCenter().addObserver(*this, objc::selector<"_memoryIsShort:">(), string(memoryWarning),
+                                                      nullptr);
 }
 
 // The view

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "phone/uikit/Responder.h"
+#include "platform/foundation/NSNotification.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIPopoverPresentationController.h"
@@ -68,6 +69,7 @@ public:
 
 private:
     void loadView();
+    void memoryIsShort(const NSNotification&) { send<"didReceiveMemoryWarning">(); }
     /// For the messages that exist to be overridden.
     void ignore() {}
     void ignoreFlag(bool) {}

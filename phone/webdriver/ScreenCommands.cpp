@@ -1,6 +1,8 @@
 // What the screen shows, how it is held, and what is typed on it.
 
+#include "phone/device/Orientation.h"
 #include "phone/device/Profile.h"
+#include "phone/device/Region.h"
 #include "phone/elements/Source.h"
 #include "phone/live/MemoryFile.h"
 #include "phone/webdriver/Base64.h"
@@ -15,15 +17,16 @@ namespace phone::webdriver {
 namespace {
 
 struct HeldAs {
-    const char* phone;    // as the phone names it
-    const char* protocol; // as clients do
-    int z;                // as a rotation, in degrees
+    std::string_view phone; // as the phone names it
+    const char* protocol;   // as clients do
+    int z;                  // as a rotation, in degrees
 };
 
-constexpr std::array<HeldAs, 4> orientations = {{{"PORTRAIT", "PORTRAIT", 0},
-                                                 {"LANDSCAPE_LEFT", "LANDSCAPE", 270},
-                                                 {"LANDSCAPE_RIGHT", "UIA_DEVICE_ORIENTATION_LANDSCAPERIGHT", 90},
-                                                 {"UPSIDE_DOWN", "UIA_DEVICE_ORIENTATION_PORTRAIT_UPSIDEDOWN", 180}}};
+constexpr std::array<HeldAs, 4> orientations = {
+    {{orientationNames[0], "PORTRAIT", 0},
+     {orientationNames[1], "UIA_DEVICE_ORIENTATION_LANDSCAPERIGHT", 90},
+     {orientationNames[2], "UIA_DEVICE_ORIENTATION_PORTRAIT_UPSIDEDOWN", 180},
+     {orientationNames[3], "LANDSCAPE", 270}}};
 
 const HeldAs& held(Session& session) {
     const std::string name = session.phone().state().at("orientation");
@@ -37,7 +40,7 @@ json turn(Session& session, const Matches& matches, const char* otherwise) {
     if (found == orientations.end()) {
         throw Refusal(Error::InvalidArgument, otherwise);
     }
-    session.phone().setOrientation(found->phone);
+    session.phone().setOrientation(std::string(found->phone));
     session.settle();
     return nullptr;
 }
@@ -120,7 +123,7 @@ json deviceInfo(Session& session, const Call&) {
     return {{"name", device->model},
             {"model", device->model},
             {"userInterfaceIdiom", device->idiom},
-            {"currentLocale", settings.language},
+            {"currentLocale", localeIdentifier(settings.language, settings.region)},
             {"timeZone", settings.zone},
             {"isSimulator", true}};
 }

@@ -3,6 +3,7 @@
 
 #include "platform/eventkit/EKAlarm.h"
 #include "platform/eventkit/EKCalendar.h"
+#include "platform/eventkit/EKRecurrenceRule.h"
 #include "platform/foundation/NSArray.h"
 
 class EKCalendarItem : public EKObject {
@@ -28,6 +29,11 @@ public:
     void addAlarm(const EKAlarm& alarm) const { send<"addAlarm:">(alarm); }
     void removeAlarm(const EKAlarm& alarm) const { send<"removeAlarm:">(alarm); }
     bool hasAlarms() const { return send<"hasAlarms", bool>(); }
+
+    /// nil when it does not repeat.
+    NSArray recurrenceRules() const { return send<"recurrenceRules", NSArray>(); }
+    void setRecurrenceRules(const NSArray& rules) const { send<"setRecurrenceRules:">(rules); }
+    void addRecurrenceRule(const EKRecurrenceRule& rule) const { send<"addRecurrenceRule:">(rule); }
 
     /// nil until it is saved.
     NSDate creationDate() const { return send<"creationDate", NSDate>(); }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/eventkit/EKCalendarItem.h"
-#include "platform/eventkit/EKRecurrenceRule.h"
 
 class EKEventStore;
 
@@ -24,11 +23,6 @@ public:
     /// Whole days, wherever one is: saving takes the times of day off the dates.
     bool isAllDay() const { return send<"isAllDay", bool>(); }
     void setAllDay(bool allDay) const { send<"setAllDay:">(allDay); }
-
-    /// nil when it does not repeat.
-    NSArray recurrenceRules() const { return send<"recurrenceRules", NSArray>(); }
-    void setRecurrenceRules(const NSArray& rules) const { send<"setRecurrenceRules:">(rules); }
-    void addRecurrenceRule(const EKRecurrenceRule& rule) const { send<"addRecurrenceRule:">(rule); }
 };
 
 #include "platform/eventkit/EKEventStore.h"

@@ -63,6 +63,8 @@ public:
 
     /// Raises NSInvalidArgumentException for nil.
     void add(const objc::Object& object) const { send<"addObject:">(object); }
+    /// Raises for nil, and for a place past the end.
+    void insert(const objc::Object& object, objc::UInt index) const { send<"insertObject:atIndex:">(object, index); }
     void removeAt(objc::UInt index) const { send<"removeObjectAtIndex:">(index); }
     void removeAll() const { send<"removeAllObjects">(); }
 };

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/foundation/NSDate.h"
-#include "platform/foundation/NSString.h"
+#include "platform/foundation/NSLocale.h"
 
 /// Speaks the current locale in the default time zone unless told otherwise.
 class NSDateFormatter : public NSObject {
@@ -13,5 +13,6 @@ public:
 
     NSString dateFormat() const { return send<"dateFormat", NSString>(); }
     void setDateFormat(const NSString& format) const { send<"setDateFormat:">(format); }
+    void setLocale(const NSLocale& locale) const { send<"setLocale:">(locale); }
     NSString string(const NSDate& date) const { return send<"stringFromDate:", NSString>(date); }
 };

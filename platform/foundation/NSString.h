@@ -5,6 +5,9 @@
 #include "platform/foundation/NSObject.h"
 #include "platform/foundation/NSRange.h"
 
+/// `NSStringCompareOptions`, a set of bits.
+enum NSStringCompareOptions : objc::UInt { NSLiteralSearch = 2 };
+
 class NSString : public NSObject {
 public:
     static constexpr auto objc_name = "NSString";
@@ -22,7 +25,9 @@ public:
     bool boolValue() const { return send<"boolValue", bool>(); }
     /// 0 for a text that begins with no number.
     objc::Int integerValue() const { return send<"integerValue", objc::Int>(); }
-    NSRange rangeOfString(const NSString& part) const { return send<"rangeOfString:", NSRange>(part); }
+    NSRange rangeOfString(const NSString& part, NSStringCompareOptions options) const {
+        return send<"rangeOfString:options:", NSRange>(part, options);
+    }
     NSRange rangeOfCharacterFromSet(const NSCharacterSet& set) const {
         return send<"rangeOfCharacterFromSet:", NSRange>(set);
     }

@@ -29,6 +29,7 @@ namespace detail {
 template <class T>
 struct Peer {
     bool alive; // zero when the runtime hands out the memory
+    id answer;  // of the superclass's initialiser
     alignas(T) unsigned char storage[sizeof(T)];
 
     T* get() { return alive ? reinterpret_cast<T*>(storage) : nullptr; }
@@ -86,13 +87,17 @@ struct TrampolineOf {
         }
     }
 
-    /// An initialiser: the method sets the peer up, the receiver is the result.
+    /// An initialiser: the method sets the peer up, and what the superclass answered to `super` is the result.
     template <auto Method>
     static id init(id self, SEL, Received<A>... arguments) {
-        if (T* peer = peerIn<T>(self)->get()) {
-            (peer->*Method)(Wire<std::remove_cvref_t<A>>::receive(arguments)...);
+        Peer<T>* peer = peerIn<T>(self);
+        if (!peer->alive) {
+            return self;
         }
-        return self;
+        Keep alive(self); // a superclass that answers nil or another object lets go of its receiver
+        peer->answer = self;
+        (peer->get()->*Method)(Wire<std::remove_cvref_t<A>>::receive(arguments)...);
+        return peer->answer;
     }
 };
 
@@ -166,7 +171,8 @@ public:
         static_assert(arity(Sel) == 1, "an action takes its sender");
         return def<Sel, Method>();
     }
-    /// An initialiser. The method sets the peer up and gives nothing; the message answers the receiver.
+    /// An initialiser. The method sets the peer up and gives nothing; the message answers what the superclass's
+    /// initialiser did, which the method sends with `super`.
     template <FixedString Sel, auto Method>
     ClassTable& init() {
         static_assert(family(Sel) == Family::Init);
@@ -287,15 +293,15 @@ protected:
     DefinesAs() = default;
     ~DefinesAs() { static_cast<Object*>(this)->_id = nullptr; }
 
-    /// Sends `Sel` to the superclass's implementation.
+    /// Sends `Sel` to the superclass's implementation. Of an initialiser the answer says whether there is
+    /// anything to set up: not where the superclass has given nil, or another object.
     template <FixedString Sel, class R = void, class... A>
-    R super(const A&... arguments) const {
+    auto super(const A&... arguments) const {
         static_assert(arity(Sel) == sizeof...(A), "the selector's colons and the arguments differ in number");
         Class superclass = class_getSuperclass(detail::peerClass<T>.cls);
         if constexpr (family(Sel) == Family::Init) {
-            // Our superclasses answer their receiver, which is alive already: nothing is taken over.
-            detail::callSuper<id, detail::Sent<A>...>(this->raw(), superclass, selector<Sel>(),
-                                                      detail::Wire<A>::send(arguments)...);
+            return answered(detail::callSuper<id, detail::Sent<A>...>(this->raw(), superclass, selector<Sel>(),
+                                                                      detail::Wire<A>::send(arguments)...));
         } else {
             using Out = typename detail::ResultWire<R>::Out;
             return detail::result<Sel, R>([&]() -> Out {
@@ -305,7 +311,22 @@ protected:
         }
     }
 
+    /// Sends another initialiser to the object itself, where a subclass may have overridden it. The answer is as
+    /// that of `super`.
+    template <FixedString Init, class... A>
+    bool redirect(const A&... arguments) const {
+        static_assert(family(Init) == Family::Init && arity(Init) == sizeof...(A));
+        return answered(
+            detail::call<id, detail::Sent<A>...>(this->raw(), selector<Init>(), detail::Wire<A>::send(arguments)...));
+    }
+
 private:
+    /// Takes the answer of the initialiser that this one has passed on to.
+    bool answered(id answer) const {
+        detail::peerIn<T>(this->raw())->answer = answer;
+        return answer == this->raw();
+    }
+
     static id allocWithZone(id cls, SEL selector, void* zone) {
         PeerClass& peer = detail::peerClass<T>;
         Class metaSuper = class_getSuperclass(object_getClass(reinterpret_cast<id>(peer.cls)));

@@ -137,26 +137,38 @@ inline constexpr bool isUnretained<Unretained<T>> = true;
 template <class T>
 concept BackPointer = detail::isUnretained<T>;
 
-/// A process-wide variable that owns its value and is never destroyed: nothing runs at process exit.
-template <class T>
-class Global {
-public:
-    constexpr Global() : _value() {}
-    constexpr ~Global() {} // NOLINT: leaves the value alone by intent
+namespace detail {
+/// The object in a variable that several threads may replace, as a reference that the caller owns.
+id ownedValue(const id& variable);
+/// Puts a reference, given up by the caller, into such a variable, and releases what was there.
+void replaceValue(id& variable, id owned);
+} // namespace detail
 
-    Global& operator=(const T& value) {
-        _value = value;
+/// A process-wide variable that owns its value and is never destroyed: nothing runs at process exit. Several threads
+/// may read and replace it: whoever reads gets a value that is its own, as from an atomic property.
+template <Handle T>
+class Global {
+    /// What `->` works on: the value stays alive until the end of the expression.
+    struct Held {
+        T value;
+        const T* operator->() const { return &value; }
+    };
+
+public:
+    constexpr Global() = default;
+    Global& operator=(T value) {
+        detail::replaceValue(_object, value.relinquish());
         return *this;
     }
-    operator const T&() const { return _value; } // NOLINT: stands for its value
-    const T& get() const { return _value; }
-    const T* operator->() const { return &_value; }
-    explicit operator bool() const { return static_cast<bool>(_value); }
+    Global& operator=(const Global& other) { return *this = other.get(); }
+
+    T get() const { return adopt<T>(detail::ownedValue(_object)); }
+    operator T() const { return get(); } // NOLINT: stands for its value
+    Held operator->() const { return {get()}; }
+    explicit operator bool() const { return __atomic_load_n(&_object, __ATOMIC_RELAXED) != nullptr; }
 
 private:
-    union {
-        T _value;
-    };
+    id _object = nullptr;
 };
 
 namespace detail {

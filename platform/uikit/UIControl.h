@@ -55,5 +55,9 @@ public:
     void addTarget(const objc::Object& target, SEL action, UIControlEvents events) const {
         send<"addTarget:action:forControlEvents:">(target, action, events);
     }
+    /// Where it is nobody's target, nothing happens.
+    void removeTarget(const objc::Object& target, SEL action, UIControlEvents events) const {
+        send<"removeTarget:action:forControlEvents:">(target, action, events);
+    }
     void sendActions(UIControlEvents events) const { send<"sendActionsForControlEvents:">(events); }
 };

@@ -92,8 +92,9 @@ class Campaign:
                 if stop.is_set():
                     return None
                 patience = max(AT_LEAST, TIMES_AS_LONG * self._reach.seconds[test])
-                if not self._suite.run(test, library, patience, environment).passed:
-                    return Result(KILLED, test, time.monotonic() - begun)
+                run = self._suite.run(test, library, patience, environment)
+                if not run.passed:
+                    return Result(KILLED, test, time.monotonic() - begun, run.is_stuck)
             is_same = workshop.is_same_when_optimised(place, users)
         except DoesNotCompile:
             return Result(BROKEN)
@@ -123,6 +124,7 @@ class Progress:
     def __init__(self, total, accepted, every=30):
         self.counts = collections.Counter()
         self.survivors = []
+        self.stuck = 0
         self._total = total
         self._accepted = accepted
         self._every = every
@@ -133,6 +135,7 @@ class Progress:
     def add(self, place, result, is_new):
         with self._lock:
             self.counts[result.outcome] += 1
+            self.stuck += result.is_stuck
             self._new += is_new
             if result.outcome == SURVIVED:
                 self.survivors.append(place)
@@ -143,7 +146,7 @@ class Progress:
                 print(f"{self.line()}; {shown_time(self._left())} left", flush=True)
 
     def line(self):
-        return (f"{sum(self.counts.values())} of {self._total}: {self.counts[KILLED]} killed, "
+        return (f"{sum(self.counts.values())} of {self._total}: {self.counts[KILLED]} killed ({self.stuck} by a test that got stuck), "
                 f"{self.counts[SURVIVED]} survived, {self.counts[SAME]} without difference, "
                 f"{self.counts[BROKEN]} not compiling")
 

@@ -11,6 +11,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 import places
 import results
+import suite
 import switches
 
 
@@ -124,6 +125,19 @@ class Switches(unittest.TestCase):
     def test_the_lines_of_complaints_are_read(self):
         told = "Lib/one.cpp:7:3: error: no\n    7 | x\n./Lib/two.h:9:1: note: here\n"
         self.assertEqual(switches.lines_complained_of(told), {("Lib/one.cpp", 7), ("Lib/two.h", 9)})
+
+
+class Reach(unittest.TestCase):
+    reach = suite.Reach({"Slow.All": {0, 1, 2}, "Quick.Near": {0, 1}, "Quick.Far": {0, 3}},
+                        {"Slow.All": 9, "Quick.Near": 1, "Quick.Far": 1})
+
+    def test_asks_the_tests_that_run_through_a_change_the_quick_and_close_ones_first(self):
+        self.assertEqual(self.reach.tests(0, set(), {1, 2}), ["Quick.Near", "Slow.All", "Quick.Far"])
+        self.assertEqual(self.reach.tests(3, set(), {1, 2}), ["Quick.Far"])
+
+    def test_asks_those_around_a_change_without_a_switch_or_all(self):
+        self.assertEqual(self.reach.tests(None, {2}, {2}), ["Slow.All"])
+        self.assertEqual(len(self.reach.tests(None, set(), {2})), 3)
 
 
 class ResultsFile(unittest.TestCase):

@@ -15,8 +15,9 @@ COLUMNS = ["file", "function", "line", "change", "reason"]
 @dataclasses.dataclass(frozen=True)
 class Result:
     outcome: str
-    by: str = ""      # the test that noticed
+    by: str = ""           # the test that noticed
     seconds: float = 0
+    is_stuck: bool = False # it noticed by taking far too long
 
 
 class Results:
@@ -54,7 +55,7 @@ class Results:
             except ValueError:
                 continue  # broken off while it was written
             key = tuple(stored["key"])
-            result = Result(stored["outcome"], stored["by"], stored["seconds"])
+            result = Result(stored["outcome"], stored["by"], stored["seconds"], stored.get("is_stuck", False))
             if result.by:
                 self._hints[key] = result.by
             holds = stored["library"] == self._library and (result.outcome != SURVIVED or stored["tests"] == self._tests)

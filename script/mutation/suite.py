@@ -19,6 +19,7 @@ MEMORY = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 @dataclasses.dataclass
 class Run:
     passed: bool
+    is_stuck: bool
     seconds: float
 
 
@@ -49,12 +50,14 @@ class Suite:
                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                                        env={**self._environment, "QUORVAN_LIBRARY": str(library), "TMPDIR": temporary,
                                             **environment})
+            is_stuck = False
             try:
                 status = process.wait(seconds)
             except subprocess.TimeoutExpired:
+                is_stuck = True
                 os.killpg(process.pid, signal.SIGKILL)
                 status = process.wait()
-            return Run(status == 0, time.monotonic() - begun)
+            return Run(status == 0, is_stuck, time.monotonic() - begun)
 
 
 class Reach:
@@ -67,11 +70,14 @@ class Reach:
 
     def tests(self, number, around, near):
         """The tests that can notice a change: those that run through it; or, where it has no number, through any around
-        it; or all where there is none around it either. First those that know most of what is near: what few tests run
-        through counts for more."""
+        it; or all where there is none around it either. First those that know most of what is near for the time they
+        take: what few tests run through counts for more."""
         through = {number} if number is not None else set(around)
         found = [test for test, reached in self._numbers.items() if not through or through & reached]
-        return sorted(found, key=lambda test: -sum(1 / self._share[one] for one in self._numbers[test] & near))
+        return sorted(found, key=lambda test: -self._closeness(test, near) / self.seconds[test])
+
+    def _closeness(self, test, near):
+        return sum(1 / self._share[one] for one in self._numbers[test] & near)
 
     def save(self, file):
         file.write_text(json.dumps({"numbers": {test: sorted(one) for test, one in self._numbers.items()},

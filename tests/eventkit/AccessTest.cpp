@@ -1,5 +1,5 @@
 #include "phone/device/RunLoop.h"
-#include "platform/foundation/NSNotification.h"
+#include "tests/eventkit/ChangeCounter.h"
 #include "tests/eventkit/StoreTest.h"
 
 #include <atomic>
@@ -17,18 +17,6 @@ struct Answer {
     std::thread::id thread;
     std::size_t lists = 0;
     bool hasDefault = false;
-};
-
-/// Counts the news of the store.
-class ChangeCounter : public objc::Defines<ChangeCounter, NSObject> {
-public:
-    static constexpr auto objc_name = "AccessTestChangeCounter";
-    static void define(objc::ClassTable<ChangeCounter>& c) { c.def<"storeChanged:", &ChangeCounter::storeChanged>(); }
-
-    int number = 0;
-
-private:
-    void storeChanged(const NSNotification&) { ++number; }
 };
 
 class AccessTest : public StoreTest {
@@ -172,6 +160,7 @@ TEST_P(AccessPrompt, NamesTheApplicationInThePhonesLanguage) {
     EXPECT_EQ(calendarFolder(EntityType::Event).access(), Access::Allow);
 }
 
+// Holds: grant-reaches-its-store
 TEST_F(AccessTest, AStoreMadeBeforeTheGrantSeesItsListsInsideTheCompletion) {
     request();
     touchButton("OK");
@@ -256,8 +245,7 @@ TEST_F(AccessTest, AnExceptionInACompletionEndsTheApplication) {
 TEST_F(AccessTest, AGrantIsAnnouncedOnceAndARefusalIsNot) {
     boot();
     const auto counter = objc::Ref<ChangeCounter>::make();
-    const auto center = NSNotificationCenter::defaultCenter();
-    center.addObserver(counter, objc::selector<"storeChanged:">(), "EKEventStoreChangedNotification"_ns, nullptr);
+    counter->observe();
 
     request(EKEntityType::Event);
     touchButton("Don’t Allow");
@@ -268,7 +256,6 @@ TEST_F(AccessTest, AGrantIsAnnouncedOnceAndARefusalIsNot) {
     request(EKEntityType::Reminder);
     settle();
     EXPECT_EQ(counter->number, 1);
-    center.removeObserver(counter);
 }
 
 // Holds: no-access-no-calendars
@@ -298,5 +285,5 @@ TEST_F(AccessTest, TheStatusIsWhatIsRemembered) {
 TEST_F(AccessTest, AnUnknownEntityTypeRaises) {
     const auto store = this->store();
 
-    EXPECT_ANY_THROW(store.calendars(static_cast<EKEntityType>(2)));
+    EXPECT_EQ(raised([&] { store.calendars(static_cast<EKEntityType>(2)); }), invalidArgument);
 }

@@ -1,6 +1,7 @@
 #include "tests/eventkit/StoreTest.h"
 
 #include "phone/device/Settings.h"
+#include "phone/foundation/FileFaults.h"
 #include "phone/foundation/WallClock.h"
 #include "platform/foundation/NSTimeZone.h"
 
@@ -45,6 +46,12 @@ protected:
         phone::Settings moved = phone::settings();
         moved.zone = zone;
         phone::useSettings(moved);
+    }
+    /// The device's path of the one item that is saved.
+    std::string itemPath() const {
+        const auto file =
+            std::string("/") + calendarFolder(EntityType::Event).calendars().front().id + "/" + saved().id;
+        return std::string(phone::CalendarFolder::devicePath) + "/events" + file + ".ics";
     }
     phone::EventItem saved(std::size_t index = 0) const { return events().at(index).item; }
 };
@@ -153,6 +160,33 @@ TEST_F(EventTest, WhatIsMissingOrWrongFailsWithItsNumber) {
     EXPECT_TRUE(events().empty());
 }
 
+// Holds: start-too-far
+TEST_F(EventTest, AStartOrAnEndAfterTheLastYearFails) {
+    const auto store = eventStore();
+    const auto last = event(store, "3000-12-31T22:59:59");
+    EXPECT_EQ(failure(store, last), std::nullopt);
+    EXPECT_EQ(saved().start, (CalendarDate{3000, 12, 31, 22, 59, 59, false, "UTC"}));
+
+    EXPECT_EQ(failure(store, event(store, "3001-01-01T00:00:00")), 9);
+    EXPECT_EQ(failure(store, event(store, "3000-12-31T23:30:00")), 9);
+    EXPECT_EQ(events().size(), 1u);
+}
+
+// Holds: store-internal-failure
+TEST_F(EventTest, OnAFullDiskItFailsWithAnInternalFailureAndIsStillNew) {
+    const auto store = eventStore();
+    const auto made = event(store);
+    {
+        const phone::FileFaults full(phone::FileFaults::Disk::Full, phone::CalendarFolder::devicePath);
+        EXPECT_EQ(failure(store, made), 5);
+    }
+
+    EXPECT_TRUE(events().empty());
+    EXPECT_TRUE(made.isNew());
+    EXPECT_EQ(failure(store, made), std::nullopt);
+}
+
+// Holds: no-length-is-allowed
 TEST_F(EventTest, AnEndAtTheStartIsAllowed) {
     const auto store = eventStore();
     const auto made = event(store);
@@ -164,16 +198,19 @@ TEST_F(EventTest, AnEndAtTheStartIsAllowed) {
 }
 
 // Holds: span-numbers
-TEST_F(EventTest, SpansAreThisEventAndFutureEvents) {
+TEST_F(EventTest, ASpanThatIsNeitherThisEventNorFutureEventsFails) {
     const auto store = eventStore();
     const auto answer = [&](long span) {
         NSError error;
         return store.saveEvent(event(store), static_cast<EKSpan>(span), true, &error) ? 0 : error.code();
     };
 
+    EXPECT_EQ(answer(-1), 13);
+    EXPECT_EQ(answer(2), 13);
+    EXPECT_TRUE(events().empty());
+
     EXPECT_EQ(answer(0), 0);
     EXPECT_EQ(answer(1), 0);
-    EXPECT_EQ(answer(2), 13);
     EXPECT_EQ(events().size(), 2u);
 }
 
@@ -207,9 +244,9 @@ TEST_F(EventTest, ObjectsOfAnotherStoreRaise) {
     const auto mixed = event(store);
     mixed.setCalendar(other.defaultCalendarForNewEvents());
 
-    EXPECT_ANY_THROW(store.saveEvent(event(other), EKSpan::FutureEvents, true));
-    EXPECT_ANY_THROW(store.saveEvent(mixed, EKSpan::FutureEvents, true));
-    EXPECT_ANY_THROW(store.saveEvent(nullptr, EKSpan::FutureEvents, true));
+    EXPECT_EQ(raised([&] { store.saveEvent(event(other), EKSpan::FutureEvents, true); }), invalidArgument);
+    EXPECT_EQ(raised([&] { store.saveEvent(mixed, EKSpan::FutureEvents, true); }), invalidArgument);
+    EXPECT_EQ(raised([&] { store.saveEvent(nullptr, EKSpan::FutureEvents, true); }), invalidArgument);
     EXPECT_TRUE(events().empty());
 }
 
@@ -222,6 +259,7 @@ TEST_F(EventTest, WithoutAccessNothingIsSaved) {
     EXPECT_TRUE(events().empty());
 }
 
+// Holds: all-day-floats
 TEST_F(EventTest, AnAllDayEventIsSavedAsItsDays) {
     useZone("Europe/Berlin");
     const auto store = eventStore();
@@ -237,6 +275,7 @@ TEST_F(EventTest, AnAllDayEventIsSavedAsItsDays) {
     EXPECT_EQ(saved().end, (CalendarDate{2026, 5, 18, 0, 0, 0, true, ""}));
     EXPECT_EQ(moment(made.startDate()), moment(at("2026-05-16T00:00:00")));
     EXPECT_EQ(moment(made.endDate()), moment(at("2026-05-18T23:59:59")));
+    EXPECT_NE(read(itemPath()).find("DTSTART;VALUE=DATE:20260516"), std::string::npos); // of no zone
 }
 
 TEST_F(EventTest, OfAnAllDayEventOnlyTheDaysCanBeInverted) {
@@ -251,20 +290,22 @@ TEST_F(EventTest, OfAnAllDayEventOnlyTheDaysCanBeInverted) {
     EXPECT_EQ(failure(store, made), 4);
 }
 
-// Holds: all-day-floats
-TEST_F(EventTest, AnAllDayEventIsTheSameDayWhereverThePersonGoes) {
+// Holds: all-day-shifts
+TEST_F(EventTest, AnAllDayEventThatTravelsWhileItIsHeldIsSavedADayOff) {
     useZone("Europe/Berlin");
     const auto store = eventStore();
     const auto made = event(store);
     made.setAllDay(true);
     store.saveEvent(made, EKSpan::FutureEvents, true);
+    const double midnight = moment(made.startDate());
 
-    moveTo("Asia/Tokyo");
+    moveTo("America/New_York");
 
-    EXPECT_EQ(moment(made.startDate()), moment(at("2026-05-16T00:00:00")));
+    EXPECT_EQ(moment(made.startDate()), midnight);
+    EXPECT_EQ(saved().start->day, 16); // what is written floats
     made.setTitle("Elsewhere"_ns);
     EXPECT_EQ(failure(store, made), std::nullopt);
-    EXPECT_EQ(saved().start->day, 16);
+    EXPECT_EQ(saved().start->day, 15);
 }
 
 TEST_F(EventTest, AnAllDayEventThatIsNoLongerOneHasTheTimesOfItsDays) {
@@ -338,7 +379,7 @@ TEST_F(EventTest, WithoutCommitItWaitsAndAResetEndsAllObjects) {
     EXPECT_TRUE(store.saveEvent(lost, EKSpan::FutureEvents, false));
     store.reset();
     EXPECT_TRUE(store.commit());
-    EXPECT_ANY_THROW(store.saveEvent(lost, EKSpan::FutureEvents, true));
+    EXPECT_EQ(raised([&] { store.saveEvent(lost, EKSpan::FutureEvents, true); }), invalidArgument);
     EXPECT_EQ(events().size(), 1u);
     EXPECT_EQ(failure(store, event(store)), std::nullopt);
 }
@@ -351,7 +392,7 @@ TEST_F(EventTest, AlarmsAreAtTheStartOrBeforeItOrAtADate) {
     const auto made = event(store);
     made.setAlarms(NSArray::of(alarm, EKAlarm::withRelativeOffset(0)));
 
-    EXPECT_ANY_THROW(EKAlarm::withRelativeOffset(1));
+    EXPECT_EQ(raised([&] { EKAlarm::withRelativeOffset(1); }), invalidArgument);
     alarm.setRelativeOffset(-60);
     EXPECT_FALSE(alarm.absoluteDate());
     alarm.setAbsoluteDate(at("2026-05-16T08:00:00"));
@@ -362,6 +403,20 @@ TEST_F(EventTest, AlarmsAreAtTheStartOrBeforeItOrAtADate) {
     EXPECT_EQ(saved().alarms.at(1), (phone::CalendarAlarm{std::nullopt, 0}));
 }
 
+// Holds: alarms-may-be-cut
+TEST_F(EventTest, OfMoreAlarmsThanTheCalendarTakesTheFirstAreKeptWithoutAWord) {
+    useEvents(Access::Allow, {{.title = "Work", .isDefault = true, .mostAlarms = 1}});
+    const auto store = this->store();
+    const auto made = event(store);
+    made.setAlarms(NSArray::of(EKAlarm::withRelativeOffset(-60), EKAlarm::withRelativeOffset(-120)));
+
+    EXPECT_EQ(failure(store, made), std::nullopt);
+
+    EXPECT_EQ(saved().alarms, (std::vector<phone::CalendarAlarm>{{std::nullopt, -60}}));
+    EXPECT_EQ(made.alarms().count(), 1u);
+}
+
+// Holds: store-internal-failure
 TEST_F(EventTest, ACalendarThatIsGoneFailsWithAnInternalFailure) {
     const auto store = eventStore();
     const auto made = event(store);

@@ -116,6 +116,83 @@ TEST_F(ReminderTest, ADueDateWithoutAStartDateFails) {
     EXPECT_EQ(failure(store, made), std::nullopt);
 }
 
+// Holds: start-after-due
+TEST_F(ReminderTest, AStartAfterTheDueDateFailsAsAnInvertedEventDoes) {
+    const auto store = allowedStore();
+    const auto made = reminder(store);
+    made.setStartDateComponents(may(16, 10));
+    made.setDueDateComponents(may(16, 9));
+
+    EXPECT_EQ(failure(store, made), 4);
+    EXPECT_TRUE(reminders().empty());
+
+    made.setStartDateComponents(may(16, 9));
+    EXPECT_EQ(failure(store, made), std::nullopt);
+}
+
+// Holds: start-after-due
+TEST_F(ReminderTest, BesideAWholeDayATimeCountsAsItsDay) {
+    const auto store = allowedStore();
+    const auto made = reminder(store);
+    made.setStartDateComponents(may(16, 10));
+    made.setDueDateComponents(mayDay(16));
+    EXPECT_EQ(failure(store, made), std::nullopt);
+
+    made.setDueDateComponents(mayDay(15));
+    EXPECT_EQ(failure(store, made), 4);
+}
+
+// Holds: start-after-due
+TEST_F(ReminderTest, TimesOfDifferentZonesAreComparedAsMoments) {
+    useZone("Europe/Berlin");
+    const auto store = allowedStore();
+    const auto made = reminder(store);
+    const auto due = may(16, 9);
+    due.setTimeZone(NSTimeZone::named("UTC"_ns));
+    made.setDueDateComponents(due);
+    made.setStartDateComponents(may(16, 10)); // an hour before
+    EXPECT_EQ(failure(store, made), std::nullopt);
+
+    made.setStartDateComponents(may(16, 12));
+    EXPECT_EQ(failure(store, made), 4);
+}
+
+// Holds: start-too-far
+TEST_F(ReminderTest, AStartOrADueDateAfterTheLastYearFails) {
+    const auto store = allowedStore();
+    const auto made = reminder(store);
+    const auto late = may(16, 9);
+    late.setYear(3001);
+    made.setStartDateComponents(may(16, 9));
+    made.setDueDateComponents(late);
+    EXPECT_EQ(failure(store, made), 9);
+
+    made.setStartDateComponents(late);
+    EXPECT_EQ(failure(store, made), 9);
+
+    late.setYear(3000);
+    late.setMonth(13);
+    made.setDueDateComponents(late);
+    made.setStartDateComponents(late);
+    EXPECT_EQ(failure(store, made), 9);
+    EXPECT_TRUE(reminders().empty());
+}
+
+// Holds: recurring-without-due
+TEST_F(ReminderTest, ARepeatingOneWithoutADueDateFails) {
+    const auto store = allowedStore();
+    const auto made = reminder(store);
+    made.addRecurrenceRule(EKRecurrenceRule::with(EKRecurrenceFrequency::Weekly, 2, nullptr));
+    EXPECT_EQ(failure(store, made), 18);
+    EXPECT_TRUE(reminders().empty());
+
+    made.setStartDateComponents(may(15, 8));
+    made.setDueDateComponents(may(16, 9));
+    EXPECT_EQ(failure(store, made), std::nullopt);
+    ASSERT_EQ(reminders().size(), 1u);
+    EXPECT_EQ(reminders()[0].item.recurrence, (phone::Recurrence{phone::Frequency::Weekly, 2, std::nullopt, 0}));
+}
+
 TEST_F(ReminderTest, WithoutAListItFailsWithItsText) {
     const auto store = allowedStore();
     const auto made = EKReminder::withEventStore(store);
@@ -173,8 +250,8 @@ TEST_F(ReminderTest, ObjectsOfAnotherStoreRaise) {
     const auto mixed = reminder(store);
     mixed.setCalendar(other.defaultCalendarForNewReminders());
 
-    EXPECT_ANY_THROW(store.saveReminder(foreign, true));
-    EXPECT_ANY_THROW(store.saveReminder(mixed, true));
+    EXPECT_EQ(raised([&] { store.saveReminder(foreign, true); }), invalidArgument);
+    EXPECT_EQ(raised([&] { store.saveReminder(mixed, true); }), invalidArgument);
     EXPECT_TRUE(reminders().empty());
 }
 
@@ -185,14 +262,29 @@ TEST_F(ReminderTest, ComponentsOfAnotherCalendarRaise) {
     const auto components = may(16, 9);
     components.setCalendar(NSCalendar::withIdentifier("buddhist"_ns));
 
-    EXPECT_ANY_THROW(made.setStartDateComponents(components));
-    EXPECT_ANY_THROW(made.setDueDateComponents(components));
+    EXPECT_EQ(raised([&] { made.setStartDateComponents(components); }), invalidArgument);
+    EXPECT_EQ(raised([&] { made.setDueDateComponents(components); }), invalidArgument);
 
     components.setCalendar(NSCalendar::withIdentifier(objc::borrow<NSString>(NSGregorianCalendar)));
     made.setDueDateComponents(components);
     EXPECT_TRUE(made.dueDateComponents());
 }
 
+// Holds: other-years-without-a-calendar
+TEST_F(ReminderTest, YearsOfAnotherCalendarPassWithoutItAndAreWrong) {
+    const auto store = allowedStore();
+    const auto made = reminder(store);
+    const auto buddhist = NSCalendar::withIdentifier("buddhist"_ns);
+    const auto components = buddhist.components(4 | 8 | 16, NSDate::now());
+    components.setCalendar(nullptr);
+    made.setStartDateComponents(components);
+
+    EXPECT_EQ(failure(store, made), std::nullopt);
+
+    EXPECT_EQ(reminders().at(0).item.start->year, 2026 + 543);
+}
+
+// Holds: gregorian-components
 TEST_F(ReminderTest, ComponentsAreCopiedWhenSet) {
     const auto made = reminder(allowedStore());
     const auto components = may(16, 9);
@@ -207,11 +299,7 @@ TEST_F(ReminderTest, ComponentsAreCopiedWhenSet) {
 TEST_F(ReminderTest, WithoutATimeOfDayItIsAllDay) {
     const auto store = allowedStore();
     const auto made = reminder(store);
-    const auto components = NSDateComponents::make();
-    components.setYear(2026);
-    components.setMonth(5);
-    components.setDay(16);
-    made.setStartDateComponents(components);
+    made.setStartDateComponents(mayDay(16));
 
     store.saveReminder(made, true);
 
@@ -312,8 +400,8 @@ TEST_F(ReminderTest, RelativeAlarmsAreNeverAfterTheStart) {
 
     alarm.setRelativeOffset(-60);
     EXPECT_FALSE(alarm.absoluteDate());
-    EXPECT_ANY_THROW(alarm.setRelativeOffset(1));
-    EXPECT_ANY_THROW(EKAlarm::withRelativeOffset(60));
+    EXPECT_EQ(raised([&] { alarm.setRelativeOffset(1); }), invalidArgument);
+    EXPECT_EQ(raised([&] { EKAlarm::withRelativeOffset(60); }), invalidArgument);
     EXPECT_TRUE(EKAlarm::withRelativeOffset(0));
 
     alarm.setAbsoluteDate(NSDate::now());
@@ -323,7 +411,7 @@ TEST_F(ReminderTest, RelativeAlarmsAreNeverAfterTheStart) {
 TEST_F(ReminderTest, ItemsTakeAlarmsOnly) {
     const auto made = reminder(allowedStore());
 
-    EXPECT_ANY_THROW(made.setAlarms(NSArray::of("alarm"_ns)));
+    EXPECT_EQ(raised([&] { made.setAlarms(NSArray::of("alarm"_ns)); }), invalidArgument);
     EXPECT_FALSE(made.hasAlarms());
 }
 

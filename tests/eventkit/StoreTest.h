@@ -3,6 +3,7 @@
 
 #include "phone/foundation/Text.h"
 #include "platform/eventkit/EKEventStore.h"
+#include "tests/Raised.h"
 #include "tests/phone/PhoneTest.h"
 
 #include <optional>
@@ -29,11 +30,16 @@ protected:
         return made;
     }
     /// A day in May 2026.
-    static NSDateComponents may(int day, int hour) {
+    static NSDateComponents mayDay(int day) {
         const auto components = NSDateComponents::make();
         components.setYear(2026);
         components.setMonth(5);
         components.setDay(day);
+        return components;
+    }
+    /// A time on it: half past the hour.
+    static NSDateComponents may(int day, int hour) {
+        const auto components = mayDay(day);
         components.setHour(hour);
         components.setMinute(30);
         return components;

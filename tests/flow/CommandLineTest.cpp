@@ -95,7 +95,7 @@ TEST_F(CommandLineTest, PrintsTheRecordsInTheZoneGiven) {
         note.integerId = database.lastIndex() + 1;
         note.isPlainText = true;
         note.title = "Milk";
-        note.body = note.content = note.summary = "Milk\nEggs";
+        note.content = note.summary = "Milk\nEggs";
         note.created = note.modified = 1772721432.0 - 978307200;
         database.insert({note});
     }
@@ -107,6 +107,7 @@ TEST_F(CommandLineTest, PrintsTheRecordsInTheZoneGiven) {
     const auto& found = json["notes"][0];
     EXPECT_EQ(found["store"], "LOCAL_NOTES_ACCOUNT");
     EXPECT_EQ(found["title"], "Milk");
+    EXPECT_EQ(found["content"], "Milk\nEggs");
     EXPECT_EQ(found["body"], "Milk\nEggs");
     EXPECT_EQ(found["plainText"], true);
     EXPECT_EQ(found["created"], "2026-03-05T15:37:12+01:00");

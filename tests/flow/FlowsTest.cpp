@@ -59,10 +59,26 @@ TEST_F(Flows, OfTheMainJobLeaveTheSameWithTheDevicesLibrary) {
     expectRecordsOfTheMainJob();
 }
 
+TEST_F(Flows, OfTheMainJobLeaveTheSameWhileTheStoreAnswersConcurrently) {
+    make();
+
+    playConcurrently(inFolder("flows"));
+
+    expectRecordsOfTheMainJob();
+}
+
 TEST_F(Flows, OfTheGalleryHold) {
     make();
 
     playFiles(inFolder("flows/gallery"));
+
+    EXPECT_EQ(recorded("events").size(), 2U);
+}
+
+TEST_F(Flows, OfTheGalleryHoldWhileTheStoreAnswersConcurrently) {
+    make();
+
+    playConcurrently(inFolder("flows/gallery"));
 
     EXPECT_EQ(recorded("events").size(), 2U);
 }

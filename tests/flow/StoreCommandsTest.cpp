@@ -67,9 +67,11 @@ TEST_F(StoreCommandsTest, PermissionsAreSetWithoutAnApplication) {
 }
 
 TEST_F(StoreCommandsTest, StoreAnswersGoToTheApplication) {
-    EXPECT_EQ(play("- launchApp\n- setStoreAnswers: early\n- setStoreAnswers: late\n"), 0);
+    EXPECT_EQ(play("- launchApp\n- setStoreAnswers: early\n- setStoreAnswers: concurrent\n- setStoreAnswers: late\n"),
+              0);
 
     EXPECT_THAT(folder.read("seen"), HasSubstr(R"("when":"early")"));
+    EXPECT_THAT(folder.read("seen"), HasSubstr(R"("when":"concurrent")"));
     EXPECT_THAT(folder.read("seen"), HasSubstr(R"("when":"late")"));
 }
 
@@ -81,10 +83,16 @@ TEST_F(StoreCommandsTest, StoreAnswersSetBeforeTheStartHoldForThatRunAlone) {
     EXPECT_EQ(seen.find("setStoreAnswers"), seen.rfind("setStoreAnswers"));
 }
 
+TEST_F(StoreCommandsTest, AMemoryWarningGoesToTheApplication) {
+    EXPECT_EQ(play("- launchApp\n- memoryWarning\n"), 0);
+
+    EXPECT_THAT(folder.read("seen"), HasSubstr(R"("do":"memoryWarning")"));
+}
+
 TEST_F(StoreCommandsTest, UnusableValuesAreRefused) {
     EXPECT_THAT(complaint("- setPermissions: {reminders: perhaps}\n"), HasSubstr("not one of allow, deny, ask"));
     EXPECT_THAT(complaint("- setPermissions: {notes: allow}\n"), HasSubstr("unknown key `notes`"));
-    EXPECT_THAT(complaint("- setStoreAnswers: soon\n"), HasSubstr("not one of late, early"));
+    EXPECT_THAT(complaint("- setStoreAnswers: soon\n"), HasSubstr("not one of late, early, concurrent"));
     EXPECT_THAT(complaint("- setStoreAnswers\n"), HasSubstr("needs something after it"));
 }
 

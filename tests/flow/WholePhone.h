@@ -31,14 +31,14 @@ protected:
         return play(_options, {Flow::read(folder.write("flow.yaml", commands))});
     }
     /// Plays flows one after the other on the phones that their headers ask for; expects all of them to hold.
-    void playFiles(const std::vector<std::string>& files) {
-        Player::Options options = _options;
-        options.phone = {};
-        std::vector<Flow> flows;
-        for (const std::string& file : files) {
-            flows.push_back(Flow::read(file));
+    void playFiles(const std::vector<std::string>& files) { playFlows(read(files)); }
+    /// The same, while the calendar store answers on threads of its own in every run of the application.
+    void playConcurrently(const std::vector<std::string>& files) {
+        std::vector<Flow> flows = read(files);
+        for (Flow& flow : flows) {
+            answerConcurrently(flow.commands);
         }
-        play(options, flows);
+        playFlows(flows);
     }
     // Commands, to be put together.
     /// A new run, a call that is accepted, and a tap on the top of its screen.
@@ -69,6 +69,35 @@ protected:
     TemporaryFolder folder;
 
 private:
+    static std::vector<Flow> read(const std::vector<std::string>& files) {
+        std::vector<Flow> flows;
+        for (const std::string& file : files) {
+            flows.push_back(Flow::read(file));
+        }
+        return flows;
+    }
+    void playFlows(const std::vector<Flow>& flows) {
+        Player::Options options = _options;
+        options.phone = {};
+        play(options, flows);
+    }
+    static void answerConcurrently(std::vector<Command>& given) {
+        std::vector<Command> all;
+        for (Command& command : given) {
+            if (auto* inner = std::get_if<commands::RunFlow>(&command.what)) {
+                answerConcurrently(inner->commands);
+            } else if (auto* loop = std::get_if<commands::Repeat>(&command.what)) {
+                answerConcurrently(loop->commands);
+            }
+            const bool isLaunch = std::holds_alternative<commands::LaunchApp>(command.what);
+            const Place place = command.place;
+            all.push_back(std::move(command));
+            if (isLaunch) {
+                all.push_back({place, "setStoreAnswers", commands::SetStoreAnswers{"concurrent"}});
+            }
+        }
+        given = std::move(all);
+    }
     static std::string play(const Player::Options& options, const std::vector<Flow>& flows) {
         Player player(options);
         testing::internal::CaptureStderr();

@@ -125,6 +125,7 @@ TEST_F(BundleTest, TablesAreReadOnce) {
     EXPECT_EQ(word("Note"), "first");
 }
 
+// Holds: bundle-language
 TEST_F(BundleTest, TheUsersLanguageIsTaken) {
     table("en", "\"Note\" = \"Note\";");
     table("de", "\"Note\" = \"Notiz\";");
@@ -149,6 +150,7 @@ TEST_F(BundleTest, TheClosestTagWins) {
     EXPECT_EQ(word("Note"), "pt_BR");
 }
 
+// Holds: bundle-language
 TEST_F(BundleTest, ALanguageThatTheBundleLacksGivesTheDevelopmentRegions) {
     put(std::string(path) + "Info.plist", "{ CFBundleDevelopmentRegion = fr; }");
     table("en", "\"Note\" = \"en\";");
@@ -166,6 +168,7 @@ TEST_F(BundleTest, WithoutADevelopmentRegionItIsEnglish) {
     EXPECT_EQ(word("Note"), "en");
 }
 
+// Holds: bundle-of-nil
 TEST_F(BundleTest, ANilBundleGivesNil) { EXPECT_FALSE(NSBundle().localizedString("Note"_ns, ""_ns, nullptr)); }
 
 } // namespace

@@ -35,6 +35,10 @@ TEST_F(Calendar, UnitsAskForTheirFields) {
     EXPECT_EQ(field(64, [](const NSDateComponents& c) { return c.minute(); }), 37);
     EXPECT_EQ(field(128, [](const NSDateComponents& c) { return c.second(); }), 12);
     EXPECT_EQ(field(512, [](const NSDateComponents& c) { return c.send<"weekday", objc::Int>(); }), 5);
+    EXPECT_EQ(field(1024, [](const NSDateComponents& c) { return c.send<"weekdayOrdinal", objc::Int>(); }), 1);
+    EXPECT_EQ(field(256, [](const NSDateComponents& c) { return c.send<"week", objc::Int>(); }), 10);
+    EXPECT_TRUE(field(1 << 20, [](const NSDateComponents& c) { return static_cast<bool>(c.calendar()); }));
+    EXPECT_EQ(field(1 << 21, [](const NSDateComponents& c) { return text(c.timeZone().name()); }), "UTC");
 }
 
 // Holds: components-unset

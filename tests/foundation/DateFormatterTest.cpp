@@ -111,6 +111,7 @@ TEST_F(DateFormatter, CountsHoursAsThePersonHasChosenInTheLanguagesDigits) {
     EXPECT_EQ(written("h:mm a"), "١٤:٣٧");
 }
 
+// Trap: hours-of-the-person
 // Holds: formatter-hour-override, hours-are-the-persons
 TEST_F(DateFormatter, LeavesTheLocaleOfFixedFormatsAlone) {
     live("ar", "DE", "12");

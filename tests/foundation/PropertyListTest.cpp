@@ -78,7 +78,7 @@ TEST_F(PropertyListTest, NumbersDatesAndDataHaveTheirElements) {
         << xmlPropertyList(all);
 }
 
-// Holds: property-list-refused-whole
+// Holds: property-list-refused-whole, property-list-values
 TEST_F(PropertyListTest, WhatIsNoPropertyListIsRefusedAndTheOldFileStays) {
     dictionary("Title", "old"_ns).writeToFile(string(path), true);
     const std::string before = bytes(path);
@@ -90,6 +90,7 @@ TEST_F(PropertyListTest, WhatIsNoPropertyListIsRefusedAndTheOldFileStays) {
     EXPECT_EQ(bytes(path), before);
 }
 
+// Holds: property-list-values
 TEST_F(PropertyListTest, KeysMustBeStrings) {
     const auto numbered = objc::make<NSMutableDictionary>();
     numbered.set("value"_ns, NSNumber::withInteger(1));
@@ -110,6 +111,7 @@ TEST_F(PropertyListTest, AnAtomicWriteLeavesNothingElseBehind) {
     EXPECT_EQ(std::distance(begin(files), end(files)), 1);
 }
 
+// Holds: property-list-read
 TEST_F(PropertyListTest, XmlBinaryAndOldStyleAreRead) {
     const auto xml =
         read("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict><key>SwitchCell1</key>"
@@ -126,6 +128,7 @@ TEST_F(PropertyListTest, XmlBinaryAndOldStyleAreRead) {
     EXPECT_TRUE(binary.at<NSNumber>("a"_ns).boolValue());
 }
 
+// Holds: property-list-read
 TEST_F(PropertyListTest, WhatCannotBeReadIsNilWithoutAWord) {
     testing::internal::CaptureStderr();
 
@@ -141,6 +144,7 @@ TEST_F(PropertyListTest, WhatCannotBeReadIsNilWithoutAWord) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+// Holds: property-list-read
 TEST_F(PropertyListTest, ARootOfAnotherKindIsNil) {
     EXPECT_FALSE(read("( a, b )"));
     EXPECT_FALSE(read("hello"));
@@ -149,6 +153,7 @@ TEST_F(PropertyListTest, ARootOfAnotherKindIsNil) {
     EXPECT_FALSE(NSArray::withContentsOfFile(string(path)));
 }
 
+// Holds: property-list-read
 TEST_F(PropertyListTest, NestedContainersCannotBeChanged) {
     const auto inner = read("{ a = ( b ); }").at<NSMutableArray>("a"_ns);
 

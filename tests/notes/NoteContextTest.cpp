@@ -1,9 +1,9 @@
 #include "platform/notes/NoteContext.h"
 #include "phone/device/Log.h"
-#include "phone/foundation/Raise.h"
 #include "phone/notes/NotesDatabase.h"
 #include "phone/notes/NotesFramework.h"
 #include "phone/notes/Register.h"
+#include "tests/Raised.h"
 #include "tests/foundation/FoundationTest.h"
 
 #include <set>
@@ -74,7 +74,7 @@ TEST_F(NoteContextTest, ASavedNoteStandsInTheDatabase) {
     EXPECT_EQ(note.store, "LOCAL_NOTES_ACCOUNT");
     EXPECT_EQ(note.title, "title");
     EXPECT_EQ(note.summary, "summary");
-    EXPECT_EQ(note.body, "milk\neggs");
+    EXPECT_EQ(note.content, "milk\neggs");
     EXPECT_TRUE(note.isPlainText);
     EXPECT_EQ(note.created, now - 978307200);
 }
@@ -106,6 +106,23 @@ TEST_F(NoteContextTest, ANoteWithoutAStoreFailsTheWholeSave) {
 
     EXPECT_FALSE(save(context));
     EXPECT_TRUE(notes().empty());
+}
+
+// Holds: notes-want-title-and-summary
+TEST_F(NoteContextTest, ANoteWithoutATitleOrASummaryRaisesWhenItIsSaved) {
+    const auto context = NoteContext::make();
+    const auto note = insert(context, "text"_ns);
+    note.setTitle(nullptr);
+    EXPECT_EQ(raised([&] { save(context); }), invalidArgument);
+
+    note.setTitle("title"_ns);
+    note.setSummary(nullptr);
+    EXPECT_EQ(raised([&] { save(context); }), invalidArgument);
+    EXPECT_TRUE(notes().empty());
+
+    note.setSummary(""_ns);
+    EXPECT_TRUE(save(context));
+    EXPECT_EQ(notes().size(), 1u);
 }
 
 TEST_F(NoteContextTest, ANoteWithoutABodyCannotBeSaved) {
@@ -180,18 +197,15 @@ TEST_F(NoteContextTest, AMissingOrCorruptDatabaseHasNoStoresAndSavesNothing) {
 }
 
 TEST_F(NoteContextTest, AnUnknownEntityOrANilContextRaises) {
-    const auto raised = [](const NSString& entity, const NSManagedObjectContext& context) {
-        try {
+    const auto inserting = [](const NSString& entity, const NSManagedObjectContext& context) {
+        return raised([&] {
             objc::sendClass<NSEntityDescription, "insertNewObjectForEntityForName:inManagedObjectContext:", NSObject>(
                 entity, context);
-        } catch (...) {
-            return caughtException()->name;
-        }
-        return std::string();
+        });
     };
 
-    EXPECT_EQ(raised("Song"_ns, NoteContext::make().managedObjectContext()), "NSInvalidArgumentException");
-    EXPECT_EQ(raised("Note"_ns, nullptr), "NSInvalidArgumentException");
+    EXPECT_EQ(inserting("Song"_ns, NoteContext::make().managedObjectContext()), invalidArgument);
+    EXPECT_EQ(inserting("Note"_ns, nullptr), invalidArgument);
 }
 
 // Holds: notes-insertion

@@ -22,6 +22,8 @@ protected:
 
     std::string path() const { return (_folder / "Notes/notes.sqlite").string(); }
     const std::filesystem::path& folder() const { return _folder; }
+    using Values = std::vector<std::string>;
+
     void create() const {
         NotesDatabase::create(path(), {{.name = "LOCAL_NOTES_ACCOUNT", .isDefault = true}, {.name = "Mail"}});
     }
@@ -39,14 +41,14 @@ protected:
         sqlite3_close(database);
         return all;
     }
-    static NoteRow note(long integerId, const std::string& body) {
+    static NoteRow note(long integerId, const std::string& content) {
         NoteRow row;
         row.storeKey = 1;
         row.integerId = integerId;
         row.isPlainText = true;
         row.title = "title";
         row.summary = "summary";
-        row.body = body;
+        row.content = content;
         row.created = 794414232.5;
         row.modified = 794414233;
         return row;
@@ -68,19 +70,76 @@ TEST_F(NotesDatabaseTest, StoresComeInTheOrderGivenWithTheirAccounts) {
     EXPECT_FALSE(stores[1].isDefault);
 }
 
-// Holds: notes-entities, notes-tables
+// Holds: notes-tables
 TEST_F(NotesDatabaseTest, TheTablesAndIndicesAreTheDevices) {
     create();
 
     EXPECT_EQ(values("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"),
               (std::vector<std::string>{"ZACCOUNT", "ZNEXTID", "ZNOTE", "ZNOTEBODY", "ZNOTECHANGE", "ZPROPERTY",
                                         "ZSTORE", "Z_METADATA", "Z_PRIMARYKEY"}));
-    EXPECT_EQ(values("SELECT COUNT(*) FROM sqlite_master WHERE type = 'index'"), std::vector<std::string>{"7"});
-    EXPECT_EQ(values("SELECT Z_NAME FROM Z_PRIMARYKEY ORDER BY Z_ENT"),
-              (std::vector<std::string>{"Account", "NextId", "Note", "NoteBody", "NoteChange", "Property", "Store"}));
+    EXPECT_EQ(values("SELECT tbl_name || ' ' || (SELECT group_concat(name) FROM pragma_index_info(master.name)) "
+                     "FROM sqlite_master AS master WHERE type = 'index' ORDER BY 1"),
+              (Values{"ZACCOUNT ZDEFAULTSTORE", "ZNOTE ZBODY", "ZNOTE ZINTEGERID", "ZNOTE ZSTORE", "ZNOTEBODY ZOWNER",
+                      "ZNOTECHANGE ZSTORE", "ZSTORE ZACCOUNT"}));
     EXPECT_EQ(values("SELECT Z_VERSION FROM Z_METADATA"), std::vector<std::string>{"1"});
     EXPECT_EQ(values("SELECT Z_UUID FROM Z_METADATA").front().size(), 36u);
     EXPECT_EQ(values("PRAGMA journal_mode"), std::vector<std::string>{"delete"});
+}
+
+// Holds: notes-entities
+TEST_F(NotesDatabaseTest, EntitiesHaveTheirNumbersAlsoInTheRows) {
+    create();
+    NotesDatabase(path()).insert({note(1, "a")}, true);
+
+    EXPECT_EQ(values("SELECT Z_ENT || ' ' || Z_NAME FROM Z_PRIMARYKEY ORDER BY Z_ENT"),
+              (Values{"1 Account", "2 NextId", "3 Note", "4 NoteBody", "5 NoteChange", "6 Property", "7 Store"}));
+    EXPECT_EQ(values("SELECT DISTINCT Z_ENT FROM ZACCOUNT"), Values{"1"});
+    EXPECT_EQ(values("SELECT Z_ENT FROM ZNEXTID"), Values{"2"});
+    EXPECT_EQ(values("SELECT Z_ENT FROM ZNOTE"), Values{"3"});
+    EXPECT_EQ(values("SELECT Z_ENT FROM ZNOTEBODY"), Values{"4"});
+    EXPECT_EQ(values("SELECT Z_ENT FROM ZNOTECHANGE"), Values{"5"});
+    EXPECT_EQ(values("SELECT DISTINCT Z_ENT FROM ZSTORE"), Values{"7"});
+}
+
+// Holds: notes-columns
+TEST_F(NotesDatabaseTest, NotesAndBodiesHaveTheDevicesColumnsAndNoOthers) {
+    create();
+
+    EXPECT_EQ(values("SELECT name FROM pragma_table_info('ZNOTE')"), (Values{"Z_PK",
+                                                                             "Z_ENT",
+                                                                             "Z_OPT",
+                                                                             "ZCONTAINSCJK",
+                                                                             "ZCONTENTTYPE",
+                                                                             "ZDELETEDFLAG",
+                                                                             "ZEXTERNALFLAGS",
+                                                                             "ZEXTERNALSEQUENCENUMBER",
+                                                                             "ZEXTERNALSERVERINTID",
+                                                                             "ZINTEGERID",
+                                                                             "ZISBOOKKEEPINGENTRY",
+                                                                             "ZBODY",
+                                                                             "ZSTORE",
+                                                                             "ZCREATIONDATE",
+                                                                             "ZMODIFICATIONDATE",
+                                                                             "ZAUTHOR",
+                                                                             "ZGUID",
+                                                                             "ZSERVERID",
+                                                                             "ZSUMMARY",
+                                                                             "ZTITLE"}));
+    EXPECT_EQ(
+        values("SELECT name FROM pragma_table_info('ZNOTEBODY')"),
+        (Values{"Z_PK", "Z_ENT", "Z_OPT", "ZOWNER", "ZCONTENT", "ZEXTERNALCONTENTREF", "ZEXTERNALREPRESENTATION"}));
+}
+
+// Holds: notes-plain-text
+TEST_F(NotesDatabaseTest, PlainTextHasTheContentTypeNought) {
+    create();
+    NoteRow markup = note(2, "<b>");
+    markup.isPlainText = false;
+    NotesDatabase(path()).insert({note(1, "a"), markup});
+
+    EXPECT_EQ(values("SELECT ZCONTENTTYPE FROM ZNOTE ORDER BY Z_PK"), (Values{"0", "1"}));
+    EXPECT_TRUE(NotesDatabase(path()).notes()[0].isPlainText);
+    EXPECT_FALSE(NotesDatabase(path()).notes()[1].isPlainText);
 }
 
 TEST_F(NotesDatabaseTest, ANoteReadsBackAsItWasWritten) {
@@ -95,24 +154,42 @@ TEST_F(NotesDatabaseTest, ANoteReadsBackAsItWasWritten) {
     EXPECT_TRUE(notes[0].isPlainText);
     EXPECT_EQ(notes[0].title, "title");
     EXPECT_EQ(notes[0].summary, "summary");
-    EXPECT_EQ(notes[0].body, "milk\neggs \U0001F600");
-    EXPECT_EQ(notes[0].content, notes[0].body);
+    EXPECT_EQ(notes[0].content, "milk\neggs \U0001F600");
     EXPECT_EQ(notes[0].created, 794414232.5);
     EXPECT_EQ(notes[0].modified, 794414233);
 }
 
-// Holds: notes-columns, notes-local-row
-TEST_F(NotesDatabaseTest, ANoteHasTheColumnsOfALocalOne) {
+// Holds: notes-local-row
+TEST_F(NotesDatabaseTest, ANoteHasTheValuesOfALocalOne) {
     create();
-    NotesDatabase(path()).insert({note(1, "日本")});
+    NotesDatabase(path()).insert({note(7, "日本")});
 
-    EXPECT_EQ(values("SELECT ZEXTERNALSERVERINTID FROM ZNOTE"), std::vector<std::string>{"-4294967296"});
-    EXPECT_EQ(values("SELECT ZDELETEDFLAG + ZEXTERNALFLAGS + ZISBOOKKEEPINGENTRY FROM ZNOTE"),
-              std::vector<std::string>{"0"});
-    EXPECT_EQ(values("SELECT ZCONTAINSCJK FROM ZNOTE"), std::vector<std::string>{"1"});
+    const auto column = [&](const std::string& name) { return values("SELECT quote(" + name + ") FROM ZNOTE").at(0); };
+    for (const char* name : {"ZDELETEDFLAG", "ZEXTERNALFLAGS", "ZEXTERNALSEQUENCENUMBER", "ZISBOOKKEEPINGENTRY"}) {
+        EXPECT_EQ(column(name), "0") << name;
+    }
+    for (const char* name : {"ZAUTHOR", "ZGUID", "ZSERVERID"}) {
+        EXPECT_EQ(column(name), "NULL") << name;
+    }
+    EXPECT_EQ(column("ZEXTERNALSERVERINTID"), "-4294967296");
+    EXPECT_EQ(column("ZCONTAINSCJK"), "1");
+    EXPECT_EQ(column("ZINTEGERID"), "7");
+    EXPECT_EQ(column("ZSTORE"), "1");
+    EXPECT_EQ(column("ZTITLE"), "'title'");
+    EXPECT_EQ(column("ZSUMMARY"), "'summary'");
+    EXPECT_EQ(column("ZCREATIONDATE"), "794414232.5");
+    EXPECT_EQ(column("ZMODIFICATIONDATE"), "794414233");
     EXPECT_EQ(values("SELECT ZOWNER = ZNOTE.Z_PK FROM ZNOTEBODY JOIN ZNOTE ON ZNOTE.ZBODY = ZNOTEBODY.Z_PK"),
-              std::vector<std::string>{"1"});
-    EXPECT_EQ(values("SELECT Z_MAX FROM Z_PRIMARYKEY WHERE Z_NAME = 'Note'"), std::vector<std::string>{"1"});
+              Values{"1"});
+    EXPECT_EQ(values("SELECT ZCONTENT FROM ZNOTEBODY"), Values{"日本"});
+    EXPECT_EQ(values("SELECT Z_MAX FROM Z_PRIMARYKEY WHERE Z_NAME = 'Note'"), Values{"1"});
+}
+
+TEST_F(NotesDatabaseTest, ATextWithoutSuchCharactersSaysSo) {
+    create();
+    NotesDatabase(path()).insert({note(1, "Milch „und“ Brot \U0001F600")});
+
+    EXPECT_EQ(values("SELECT ZCONTAINSCJK FROM ZNOTE"), Values{"0"});
 }
 
 // Holds: notes-without-a-summary
@@ -126,7 +203,7 @@ TEST_F(NotesDatabaseTest, WhatIsMissingIsNull) {
     const auto notes = NotesDatabase(path()).notes();
 
     EXPECT_EQ(notes[0].store, "Mail");
-    EXPECT_FALSE(notes[0].title || notes[0].summary || notes[0].body || notes[0].created || notes[0].modified);
+    EXPECT_FALSE(notes[0].title || notes[0].summary || notes[0].content || notes[0].created || notes[0].modified);
 }
 
 // Holds: notes-local-row

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 using namespace shapes;
 
 namespace {
@@ -211,7 +213,7 @@ TEST_F(Kernel, ABlockLiteralIsAnArgument) {
     EXPECT_EQ(answer, 42);
 }
 
-// Holds: encodings-by-word-size
+// A truth value is `C` to the runtime here.
 TEST_F(Kernel, EncodingsComeFromTheSignature) {
     EXPECT_STREQ((objc::methodEncoding<void>().text), "v@:");
     EXPECT_STREQ((objc::methodEncoding<bool, const NSString&, NSRange>().text), "C@:@{_NSRange=QQ}");
@@ -258,6 +260,44 @@ TEST_F(Kernel, ATakenNameLeavesTheClassQuiet) {
     EXPECT_EQ(Taken::definedClass(), nullptr);
     EXPECT_FALSE(objc::Ref<Taken>::make());
     EXPECT_EQ("text"_ns.length(), 4U);
+}
+
+/// Has nothing to give: its initialiser lets go of the receiver.
+class Refusing : public objc::Defines<Refusing, NSObject> {
+public:
+    static constexpr auto objc_name = "TestRefusing";
+    static void define(objc::ClassTable<Refusing>& c) { c.def<"initWithSide:", &Refusing::initWithSide>(); }
+
+private:
+    NSObject initWithSide(double) {
+        NSObject::release(raw());
+        return nullptr;
+    }
+};
+
+/// Sets itself up after its superclass.
+class Refused : public objc::Defines<Refused, objc::Ref<Refusing>> {
+public:
+    static constexpr auto objc_name = "TestRefused";
+    static void define(objc::ClassTable<Refused>& c) { c.init<"initWithSide:", &Refused::initWithSide>(); }
+
+private:
+    void initWithSide(double side) {
+        super<"initWithSide:">(side);
+        _side = side;
+    }
+
+    double _side = 0;
+};
+
+TEST_F(Kernel, AnInitialiserWhoseSuperclassYieldsNothingYieldsNothing) {
+    {
+        const objc::Pool pool;
+        EXPECT_FALSE((objc::make<objc::Ref<Refused>, "initWithSide:">(2.5)));
+    }
+
+    EXPECT_EQ(Refused::liveCount(), 0);
+    EXPECT_EQ(Refusing::liveCount(), 0);
 }
 
 /// Asks itself something while it is being torn down.
@@ -331,6 +371,25 @@ TEST_F(Kernel, AGlobalOwnsItsValue) {
     EXPECT_EQ((global->send<"corners", long>()), 4);
     global = NSObject();
     EXPECT_FALSE(static_cast<bool>(global));
+}
+
+TEST_F(Kernel, AGlobalIsReadWholeWhileAnotherThreadReplacesIt) {
+    static constinit objc::Global<NSObject> global;
+    constexpr int times = 20'000;
+    const long before = Shape::liveCount();
+    global = object<Shape>();
+    std::thread writer([] {
+        for (int i = 0; i < times; ++i) {
+            global = object<Shape>();
+        }
+    });
+    for (int i = 0; i < times; ++i) {
+        ASSERT_EQ((global->send<"corners", long>()), 4);
+    }
+    writer.join();
+
+    global = NSObject();
+    EXPECT_EQ(Shape::liveCount(), before);
 }
 
 } // namespace

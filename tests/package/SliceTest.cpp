@@ -122,8 +122,6 @@ TEST_P(Slice, TakesTheseSymbolsFromThePlatform) {
                       "_UIGraphicsGetCurrentContext",
                       "_UIKeyboardDidShowNotification",
                       "_UIKeyboardFrameBeginUserInfoKey",
-                      "__Block_object_assign",
-                      "__Block_object_dispose",
                       "__NSConcreteStackBlock",
                       "___stack_chk_fail",
                       "___stack_chk_guard",

@@ -436,6 +436,43 @@ TEST_F(DatePicker, MovesADateBelowTheMinimumUpToIt) {
     EXPECT_EQ(changes(), 0);
 }
 
+// Holds: picker-minute-interval, picker-keeps-the-raw-date
+TEST_F(DatePicker, ShowsMinutesInIntervalsAndKeepsTheRawDateUntilAWheelIsTurned) {
+    EXPECT_EQ((picker().send<"minuteInterval", objc::Int>()), 1);
+    run([&] { picker().send<"setMinuteInterval:">(objc::Int(15)); });
+
+    EXPECT_EQ(shown("minute"), "30");
+    EXPECT_EQ(date(), "2026-03-05T14:37:12+00:00");
+    turn("minute", 1);
+    EXPECT_EQ(date(), "2026-03-05T14:45:00+00:00");
+    turn("minute", 1);
+
+    EXPECT_EQ(date(), "2026-03-05T14:00:00+00:00");
+}
+
+// Holds: picker-minute-interval
+TEST_F(DatePicker, TakesTheMinutesThatItShowsWhenAnotherWheelIsTurned) {
+    run([&] { picker().send<"setMinuteInterval:">(objc::Int(15)); });
+
+    turn("hour", 1);
+
+    EXPECT_EQ(date(), "2026-03-05T15:30:00+00:00");
+}
+
+// Holds: picker-minute-interval
+TEST_F(DatePicker, LeavesOutAnIntervalThatDoesNotDivideTheHour) {
+    const auto taken = [&](objc::Int interval) {
+        picker().send<"setMinuteInterval:">(objc::Int(5));
+        picker().send<"setMinuteInterval:">(interval);
+        return picker().send<"minuteInterval", objc::Int>();
+    };
+
+    EXPECT_EQ(taken(30), 30);
+    EXPECT_EQ(taken(7), 1);
+    EXPECT_EQ(taken(60), 1);
+    EXPECT_EQ(taken(0), 1);
+}
+
 // Holds: picker-limits-that-cross
 TEST_F(DatePicker, IgnoresLimitsThatExcludeEachOther) {
     picker().setMinimumDate(at(march5 + 1000));

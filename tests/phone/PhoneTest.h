@@ -17,7 +17,8 @@
 #include <vector>
 
 /// Boots at the first use, or by `boot`. Everything after that runs inside one autorelease pool.
-/// A log entry `unanswered` or `exception` fails the test unless it was expected.
+/// A log entry `unanswered`, `exception` or `offMainThread` fails the test unless it was expected; the library's own
+/// messages off the main thread are.
 class PhoneTest : public testing::Test {
 public:
     PhoneTest();
@@ -83,7 +84,7 @@ public:
     std::vector<nlohmann::ordered_json> log() { return phone::Log::shared().entries(); }
     /// The entries of one kind, in order.
     std::vector<nlohmann::ordered_json> log(const std::string& what);
-    /// Entries of this kind ("unanswered", "exception") do not fail the test.
+    /// Entries of this kind ("unanswered", "exception", "offMainThread") do not fail the test.
     void expectLogged(const std::string& what) { _expected.push_back(what); }
 
     // What lies on the device. Paths of the device.

@@ -376,6 +376,28 @@ TEST_F(TableView, HasTheSuperviewsOfItsSystem) {
     EXPECT_TRUE(cell(0).superview().superview() == table);
 }
 
+class NewerTableView : public TableView {
+protected:
+    void SetUp() override {
+        useSystem("8");
+        TableView::SetUp();
+    }
+};
+
+// Trap: accessory-view-is-moved
+// Holds: cell-superviews
+TEST_F(NewerTableView, HasNoScrollViewInItsCells) {
+    show();
+    const auto mark = UIView::withFrame({0, 0, 20, 20});
+    cell(0).setAccessoryView(mark);
+    advance(0);
+
+    EXPECT_TRUE(cell(0).contentView().superview() == cell(0));
+    EXPECT_TRUE(mark.superview() == cell(0));
+    EXPECT_EQ(mark.frame(), CGRect(255, 12, 20, 20));
+    EXPECT_STREQ(class_getName(object_getClass(cell(0).superview().raw())), "UITableViewWrapperView");
+}
+
 // Holds: cell-look
 TEST_F(TableView, StartsItsTexts15PointsFromTheLeft) {
     show();

@@ -147,18 +147,6 @@ TEST_F(ViewController, GivesItsViewUpWhenItGoes) {
     EXPECT_FALSE(view.nextResponder());
 }
 
-// Holds: memory-warning-keeps-the-view
-TEST_F(ViewController, KeepsItsViewThroughAMemoryWarning) {
-    boot();
-    const auto controller = Probe::with("a");
-    const UIView view = controller.view();
-
-    controller.send<"didReceiveMemoryWarning">();
-
-    EXPECT_TRUE(controller.isViewLoaded());
-    EXPECT_EQ(controller.view(), view);
-}
-
 // Holds: rotation-callbacks-exist
 TEST_F(ViewController, AnswersTheRotationCallbacksOfAllItsGenerations) {
     boot();

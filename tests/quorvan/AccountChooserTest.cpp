@@ -151,6 +151,16 @@ TEST_F(AccountChooser, ListsTheStoresInTheirOrderWithNoneMarked) {
     EXPECT_TRUE(marked().empty());
 }
 
+TEST_F(AccountChooser, AsksForTheDefaultStoreWithEveryRow) {
+    start();
+    startNote();
+
+    openChooser();
+
+    const auto messages = logged("store", "message");
+    EXPECT_EQ(std::count(messages.begin(), messages.end(), "defaultStoreForNewNote"), 2);
+}
+
 TEST_F(AccountChooser, CallsTheLocalAccountByTheDevicesNameInThePersonsLanguage) {
     start({.language = "de"});
     startNote();

@@ -1,6 +1,7 @@
 #include "tests/quorvan/CallTest.h"
 
 #include "phone/flow/Engine.h"
+#include "phone/foundation/Correct.h"
 #include "platform/uikit/UILabel.h"
 #include "platform/uikit/UITableView.h"
 #include "tests/quorvan/Screens.h"
@@ -103,6 +104,16 @@ void CallTest::withholdRequests() {
     const SEL selector = objc::selector<"respondsToSelector:">();
     class_replaceMethod(store, selector, reinterpret_cast<IMP>(+answers),
                         method_getTypeEncoding(class_getInstanceMethod(store, selector)));
+}
+
+void CallTest::useBoldLabels() {
+    static id (*make)(id, SEL, CGRect) = nullptr;
+    make = phone::correct<"initWithFrame:">(
+        objc_getClass("UILabel"), +[](id self, SEL selector, CGRect frame) {
+            const id label = make(self, selector, frame);
+            objc::borrow<UILabel>(label).setFont(UIFont::boldSystem(17));
+            return label;
+        });
 }
 
 void CallTest::turnOn(const std::vector<int>& switches) {

@@ -57,6 +57,14 @@ protected:
     /// From now on calendar stores do not answer that they can be asked for access, as before platform 6.
     void withholdRequests();
 
+    /// Before booting: a person in a region of 24 hours has set the clock to 12.
+    void useTwelveHoursAgainstTheRegion() {
+        useRegion("DE");
+        useHours("12");
+    }
+    /// From now on labels come with a bold font of 17 points.
+    void useBoldLabels();
+
     /// Turns on exactly these switches.
     void turnOn(const std::vector<int>& switches);
     /// Writes the kept-text file; a value may be any XML property list element.
@@ -64,6 +72,14 @@ protected:
     /// What the kept-text file holds: "TITLE|HEADER".
     std::string keptText() const;
     static std::string resource(const std::string& name) { return "/Library/Quorvan/" + name; }
+
+    /// The view of this class that lies foremost, itself; nil where there is none.
+    template <class T>
+    T liveView() {
+        T found;
+        run([&] { search(UIApplication::shared().keyWindow(), found); });
+        return found;
+    }
 
     /// The panel of the compose screen shown now, as an element of the tree; null when there is none.
     pugi::xml_node panel();
@@ -79,8 +95,7 @@ protected:
     static std::vector<std::string> marked(const pugi::xml_node& panel);
     /// What a row of the compose screen's panel shows beside its name.
     std::string shownValue(int row);
-    /// What a row of a screen on the navigation stack would show beside its name, were it drawn now. The compose
-    /// screen is the first on the stack.
+    /// What a row of a screen on the navigation stack would show beside its name, were it drawn now.
     std::string drawnValue(objc::UInt place, objc::Int row, objc::Int section = 0);
     pugi::xml_node noteText() { return panel().child("UITextView"); }
     pugi::xml_node titleField() { return panel().child("UITextField"); }
@@ -91,6 +106,16 @@ protected:
     std::vector<std::string> logged(const std::string& what, const std::string& field);
 
 private:
+    template <class T>
+    static void search(const UIView& view, T& found) {
+        if (objc::isKind<T>(view)) {
+            found = objc::as<T>(view);
+        }
+        for (const NSObject& subview : view.subviews()) {
+            search(objc::as<UIView>(subview), found);
+        }
+    }
+
     bool _started = false;
     bool _german = false;
 };

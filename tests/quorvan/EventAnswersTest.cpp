@@ -1,6 +1,7 @@
 // The request for access, the store's answer and what the store is told.
 
 #include "tests/quorvan/EventSavingTest.h"
+#include "tests/quorvan/Overhear.h"
 
 namespace {
 
@@ -14,6 +15,68 @@ const std::string opened = "2026-03-05T14:37:12+00:00";
 const std::string hourLater = "2026-03-05T15:37:12+00:00";
 
 } // namespace
+
+TEST_F(EventAnswers, SendsTheStoreItsMessagesInOrder) {
+    startTyped();
+
+    done();
+
+    EXPECT_EQ(savingMessages(), (Texts{
+                                    "init",
+                                    "requestAccessToEntityType:completion:",
+                                    "calendarsForEntityType:",
+                                    "eventWithEventStore:",
+                                    "defaultCalendarForNewEvents",
+                                    "setCalendar:",
+                                    "setAllDay:",
+                                    "setTitle:",
+                                    "setLocation:",
+                                    "setStartDate:",
+                                    "setStartDate:",
+                                    "setEndDate:",
+                                    "alarmWithRelativeOffset:",
+                                    "setAlarms:",
+                                    "saveEvent:span:commit:error:",
+                                }));
+}
+
+TEST_F(EventAnswers, SavesThisAndFutureEventsAtOnce) {
+    startTyped();
+
+    done();
+
+    const auto save = log("store").back();
+    ASSERT_EQ(save.at("message"), "saveEvent:span:commit:error:");
+    EXPECT_EQ(save.at("arguments").at(1), "1");
+    EXPECT_EQ(save.at("arguments").at(2), "true");
+}
+
+TEST_F(EventAnswers, ReceivesTheErrorOfTheSave) {
+    startTyped();
+    overhear<"EKEventStore", "saveEvent:span:commit:error:", unsigned char, id, objc::Int, objc::UInt, id*>();
+
+    done();
+
+    EXPECT_EQ(heard(), Texts{"EKEventStore saveEvent:span:commit:error: EKEvent 1 1 set"});
+}
+
+TEST_F(EventAnswers, SendsTheStoreTheRepetitionBeforeItSaves) {
+    startTyped();
+    chooseInterval("Every Week");
+    chooseRepeatEnd("2026-12-24T14:37");
+
+    done();
+
+    const Texts sent = savingMessages();
+    const auto alarms = std::find(sent.begin(), sent.end(), "setAlarms:");
+    EXPECT_EQ(Texts(alarms, sent.end()), (Texts{
+                                             "setAlarms:",
+                                             "recurrenceEndWithEndDate:",
+                                             "initRecurrenceWithFrequency:interval:end:",
+                                             "addRecurrenceRule:",
+                                             "saveEvent:span:commit:error:",
+                                         }));
+}
 
 TEST_F(EventAnswers, TheActivityEndsWithoutWaitingForTheAnswer) {
     startTyped();

@@ -175,6 +175,15 @@ TEST_F(EventCalendar, WithoutCalendarsTheFileIsAnEmptyList) {
     EXPECT_EQ(read(resource("Events.plist")).find("<string>"), std::string::npos);
 }
 
+TEST_F(EventCalendar, WithoutCalendarsThereIsNoFileOfIdentifiersEither) {
+    useEvents(phone::Access::Allow, {});
+    startCalendar();
+
+    openAgain();
+
+    EXPECT_FALSE(exists(resource("EventsID.plist")));
+}
+
 TEST_F(EventCalendar, AFileThatIsMissingOrUnreadableShowsNoRows) {
     useEvents(phone::Access::Deny);
     startEvent();

@@ -1,3 +1,4 @@
+#include "platform/uikit/UIDatePicker.h"
 #include "tests/quorvan/EventTest.h"
 
 namespace {
@@ -210,6 +211,46 @@ TEST_F(EventDateChoosers, AWheelThatStillTurnsWhenTheScreenIsLeftDoesNoHarm) {
     cancel();
     advance(5);
     EXPECT_FALSE(shown());
+}
+
+TEST_F(EventDateChoosers, AWheelTellsAScreenThatIsGoneNothing) {
+    for (const auto& row : {"Start", "End"}) {
+        isStarted() ? touchAndWait("Date") : startDate();
+        touchAndWait(row);
+        const auto wheels = liveView<UIDatePicker>();
+        ASSERT_TRUE(wheels);
+        goBack();
+        goBack();
+        const std::string before = value("Date");
+
+        run([&] {
+            wheels.setDate(NSDate::withSinceReferenceDate(0));
+            wheels.sendActions(UIControlEventValueChanged);
+        });
+
+        EXPECT_EQ(drawnValue(0, 1), before);
+    }
+}
+
+TEST_F(EventDateChoosers, TheirTextsHaveTheSameDigitsInEveryLanguage) {
+    startEvent({.language = "ar"});
+    touchAndWait("Date");
+    touchAndWait("Start");
+
+    goBack();
+
+    EXPECT_EQ(value("Start"), "05/03 14:37");
+    EXPECT_EQ(value("End"), "15:37");
+}
+
+TEST_F(EventDateChoosers, TheirTextsReadTheSameOnAClockOfTwelveHours) {
+    useTwelveHoursAgainstTheRegion();
+    startAt({"Date", "Start"});
+
+    goBack();
+
+    EXPECT_EQ(value("Start"), "05/03 14:37");
+    EXPECT_EQ(value("End"), "15:37");
 }
 
 TEST_F(EventDateChoosers, EveryTurnOfTheWheelsIsTakenAtOnce) {

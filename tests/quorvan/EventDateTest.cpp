@@ -3,8 +3,6 @@
 #include "platform/uikit/UIViewController.h"
 #include "tests/quorvan/EventTest.h"
 
-#include <functional>
-
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -138,19 +136,7 @@ TEST_F(EventDate, KeepsAllDayFromVisitToVisitAndIntoTheNextEvent) {
 
 TEST_F(EventDate, BackKeepsASwitchThatSentNothing) {
     startDate();
-    const UISwitch allDay = [&] {
-        objc::Object found;
-        const std::function<void(const UIView&)> search = [&](const UIView& view) {
-            if (objc::isKind<UISwitch>(view)) {
-                found = view;
-            }
-            for (const NSObject& subview : view.subviews()) {
-                search(objc::as<UIView>(subview));
-            }
-        };
-        search(UIApplication::shared().keyWindow());
-        return objc::as<UISwitch>(found);
-    }();
+    const auto allDay = liveView<UISwitch>();
     ASSERT_TRUE(allDay);
     run([&] { allDay.setOn(true); }); // sends no action
 
@@ -158,6 +144,16 @@ TEST_F(EventDate, BackKeepsASwitchThatSentNothing) {
     openDate();
 
     EXPECT_TRUE(isSwitchOn());
+}
+
+TEST_F(EventDate, ItsSwitchTellsAFormThatIsGoneNothing) {
+    startDate();
+    const auto allDay = liveView<UISwitch>();
+    goBack();
+
+    run([&] { allDay.sendActions(UIControlEventValueChanged); });
+
+    EXPECT_EQ(screen(), "EventController");
 }
 
 TEST_F(EventDate, AStartThatWasChosenStandsInBothScreens) {

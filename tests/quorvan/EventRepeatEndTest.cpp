@@ -1,5 +1,7 @@
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/UIDatePicker.h"
 #include "tests/quorvan/EventTest.h"
+#include "tests/quorvan/Overhear.h"
+#include "tests/quorvan/Screens.h"
 
 namespace {
 
@@ -160,4 +162,35 @@ TEST_F(EventRepeatEnd, EveryTurnOfTheWheelsIsTakenAtOnceUnlessItNeverEnds) {
     pickDate("2026-12-31T14:37");
 
     EXPECT_EQ(drawnValue(1, 0), "24/12");
+}
+
+TEST_F(EventRepeatEnd, BackReadsTheWheelsOnce) {
+    startRepeatEnd();
+    overhear<"UIDatePicker", "date", id>();
+
+    run([] { screenAt(2).send<"back:">(UIViewController()); }); // nothing else reads them meanwhile
+
+    EXPECT_EQ(heard(), Texts{"UIDatePicker date"});
+}
+
+TEST_F(EventRepeatEnd, ItsWheelsTellAScreenThatIsGoneNothing) {
+    startRepeatEnd();
+    const auto wheels = liveView<UIDatePicker>();
+    ASSERT_TRUE(wheels);
+    goBack();
+
+    run([&] {
+        wheels.setDate(NSDate::withSinceReferenceDate(0));
+        wheels.sendActions(UIControlEventValueChanged);
+    });
+
+    EXPECT_EQ(drawnValue(1, 0), "05/03");
+}
+
+TEST_F(EventRepeatEnd, ItsTextHasTheSameDigitsInEveryLanguage) {
+    startEvent({.language = "ar"});
+    touchAndWait("Repeat");
+    touchAndWait("End Date");
+
+    EXPECT_EQ(endRow(), "05/03");
 }

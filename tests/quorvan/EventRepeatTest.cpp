@@ -1,4 +1,5 @@
 #include "tests/quorvan/EventTest.h"
+#include "tests/quorvan/Overhear.h"
 
 namespace {
 
@@ -85,6 +86,38 @@ TEST_F(EventRepeat, TheEndRowShowsItsValueAndTheArrow) {
     for (const auto& interval : shown().select_nodes(".//*[starts-with(@row, '1,')]")) {
         EXPECT_EQ(attribute(interval.node(), "reuse"), "Cell");
     }
+}
+
+TEST_F(EventRepeat, TheEndRowsValueNeverReadsAnotherWord) {
+    startEvent();
+    overhear<"UILabel", "setText:", void, id>();
+
+    touchAndWait("Repeat");
+
+    EXPECT_EQ(heardOf({"UILabel setText: Account"}), Texts{});
+    EXPECT_EQ(heardOf({"UILabel setText: Never"}).size(), 2U) << "the end's value, and the first interval";
+}
+
+TEST_F(EventRepeat, TheEndRowsValueKeepsTheFontThatLabelsHave) {
+    startEvent();
+    useBoldLabels();
+
+    touchAndWait("Repeat");
+
+    const auto label = shown().select_node(".//*[@row='0,0']//UIView[UIImageView]/UILabel").node();
+    EXPECT_EQ(attribute(label, "font"), "system-bold 14");
+}
+
+TEST_F(EventRepeat, ACellThatReadsAsTheLastIntervalKeepsTheValueItHas) {
+    write(resource("Translations.bundle/en.lproj/Localizable.strings"),
+          "\"End Date\" = \"Yearly\";\n\"Every Year\" = \"Yearly\";\n");
+    startRepeat();
+    EXPECT_EQ(value("Yearly"), "Never");
+
+    touchAndWait("Yearly");
+    goBack();
+
+    EXPECT_EQ(value("Yearly"), "Never");
 }
 
 TEST_F(EventRepeat, SpeaksGerman) {

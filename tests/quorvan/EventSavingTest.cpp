@@ -40,6 +40,24 @@ TEST_F(EventSaving, WithEverythingChosenSavesAllOfIt) {
                                           "2026-05-16T10:30:00+00:00", "weekly 2 until 2026-12-24T14:37:00+00:00"}}));
 }
 
+TEST_F(EventSaving, TheAfternoonIsTheAfternoonInEveryLanguage) {
+    startEvent({.language = "ar"});
+    describe("Lunch");
+
+    done();
+
+    EXPECT_EQ(all(), (std::vector<Saved>{{"Home", "Lunch", "", opened, hourLater, ""}}));
+}
+
+TEST_F(EventSaving, TheAfternoonIsTheAfternoonOnAClockOfTwelveHours) {
+    useTwelveHoursAgainstTheRegion();
+    startTyped();
+
+    done();
+
+    EXPECT_EQ(all(), (std::vector<Saved>{{"Home", "Lunch", "", opened, hourLater, ""}}));
+}
+
 TEST_F(EventSaving, AnHourLaterMayBeTheNextDay) {
     startTypedAt("2026-12-31T23:40:30", "Europe/Berlin");
 

@@ -1,6 +1,7 @@
 #include "platform/uikit/UIActivity.h"
 #include "platform/uikit/UINavigationController.h"
 #include "tests/quorvan/EventTest.h"
+#include "tests/quorvan/Overhear.h"
 
 namespace {
 
@@ -364,4 +365,90 @@ TEST_F(EventScreen, ACallMayEndWhileAnyOfItsScreensIsOpen) {
         cancel();
         EXPECT_TRUE(isVisible("No call")) << open;
     }
+}
+
+TEST_F(EventScreen, TheDateRowHasTheSameDigitsInEveryLanguage) {
+    startEvent({.language = "ar"});
+
+    EXPECT_EQ(value("Date"), "14:37 - 15:37");
+}
+
+TEST_F(EventScreen, TheDateRowReadsTheSameOnAClockOfTwelveHours) {
+    useTwelveHoursAgainstTheRegion();
+    startEvent();
+
+    EXPECT_EQ(value("Date"), "14:37 - 15:37");
+}
+
+TEST_F(EventScreen, ReadsTheClockBeforeItTakesTheCalendarsFields) {
+    start();
+    startCall();
+    openSheet();
+    overhear<"NSDateFormatter", "stringFromDate:", id, id>();
+    overhear<"NSCalendar", "components:fromDate:", id, objc::UInt, id>();
+
+    openEvent();
+
+    ASSERT_GE(heard().size(), 3U);
+    EXPECT_TRUE(heard()[0].ends_with("stringFromDate: NSGDate")) << heard()[0];
+    EXPECT_TRUE(heard()[1].ends_with("stringFromDate: NSGDate")) << heard()[1];
+    EXPECT_TRUE(heard()[2].ends_with("components:fromDate: 764 NSGDate")) << heard()[2];
+}
+
+TEST_F(EventScreen, HasItsTitleBeforeItsViewIsLoaded) {
+    start();
+    startCall();
+    openSheet();
+    overhear<"NSBundle", "localizedStringForKey:value:table:", id, id, id, id>();
+    overhear<"UIViewController", "viewDidLoad", void>();
+
+    openEvent();
+
+    const auto loaded = std::find(heard().begin(), heard().end(), "EventController viewDidLoad");
+    ASSERT_NE(loaded, heard().end());
+    ASSERT_NE(loaded, heard().begin());
+    EXPECT_EQ(*(loaded - 1), "NSBundle localizedStringForKey:value:table: Event  nil");
+}
+
+TEST_F(EventScreen, ItsFieldsAreReadyBeforeTheyHaveTheirPlaceholders) {
+    start();
+    startCall();
+    openSheet();
+    overhear<"UITextField", "setReturnKeyType:", void, objc::Int>();
+    overhear<"UITextField", "setPlaceholder:", void, id>();
+    overhear<"UIView", "addSubview:", void, id>();
+
+    openEvent();
+
+    EXPECT_EQ(heardOf({"UITextField set", "UIView addSubview: UITextField"}),
+              (Texts{"UITextField setReturnKeyType: 9", "UITextField setReturnKeyType: 9",
+                     "UITextField setPlaceholder: Location", "UITextField setPlaceholder: Description",
+                     "UIView addSubview: UITextField", "UIView addSubview: UITextField"}));
+}
+
+TEST_F(EventScreen, ARowsValueReadsAnotherWordUntilItsNameIsThere) {
+    start();
+    startCall();
+    openSheet();
+    overhear<"UILabel", "setText:", void, id>();
+
+    openEvent();
+
+    const Texts told = heardOf({"UILabel setText:"});
+    const auto row = std::find(told.begin(), told.end(), "UILabel setText: Account");
+    ASSERT_GE(told.end() - row, 3);
+    EXPECT_EQ(Texts(row, row + 3),
+              (Texts{"UILabel setText: Account", "UILabel setText: Calendar", "UILabel setText: Default"}));
+}
+
+TEST_F(EventScreen, ValuesKeepTheFontThatLabelsHave) {
+    start();
+    useBoldLabels();
+    startCall();
+    openSheet();
+
+    openEvent();
+
+    const auto label = shown().select_node(".//UILabel[@text='Default']").node();
+    EXPECT_EQ(attribute(label, "font"), "system-bold 14");
 }

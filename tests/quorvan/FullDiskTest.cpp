@@ -26,7 +26,7 @@ protected:
     std::vector<std::string> bodies() {
         std::vector<std::string> all;
         for (const auto& note : notes()) {
-            all.push_back(note.body.value_or("(none)"));
+            all.push_back(note.content.value_or("(none)"));
         }
         return all;
     }
@@ -103,7 +103,7 @@ TEST_F(FullDisk, HasANoteWholeOrNotAtAllWhereverTheSpaceEnds) {
         ASSERT_TRUE(isBackOnTheCallScreen()) << space;
         ASSERT_EQ(integrity(), "ok") << space;
         saved = notes().size();
-        ASSERT_TRUE(saved == 0 || notes().back().body == longText) << space;
+        ASSERT_TRUE(saved == 0 || notes().back().content == longText) << space;
         ASSERT_LT(space, 50 * step) << "no space suffices";
     }
 }

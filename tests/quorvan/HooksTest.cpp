@@ -208,6 +208,22 @@ TEST_F(CallScreenHooks, TheNewerScreenShownTwiceHasTwoAreasAndOneTapOpensOneShee
     EXPECT_FALSE(sheetIsOpen());
 }
 
+TEST_F(CallScreenHooks, EveryStepOfTheOlderScreenPassesThroughTheLibrary) {
+    start(older);
+    const Class screen = objc_getClass("InCallController");
+    const auto place = [&](SEL selector) {
+        return reinterpret_cast<std::intptr_t>(class_getMethodImplementation(screen, selector));
+    };
+
+    const std::intptr_t library = place(objc::selector<"invokeShare:">());
+
+    for (SEL step :
+         {objc::selector<"viewDidLoad">(), objc::selector<"loadView">(), objc::selector<"viewDidAppear:">()}) {
+        EXPECT_LT(std::abs(place(step) - library), 0x1000) << sel_getName(step);
+    }
+    EXPECT_GT(std::abs(place(objc::selector<"view">()) - library), 0x1000);
+}
+
 TEST_F(CallScreenHooks, TheOlderScreenKeepsItsOneAreaAfterANote) {
     start(older);
     startCall();
@@ -245,7 +261,7 @@ TEST_F(CallScreenHooks, ACallThatEndsWhileANoteIsOpenLosesNothing) {
     advance(5);
 
     ASSERT_EQ(notes().size(), 1U);
-    EXPECT_EQ(notes()[0].body, "call back on Monday");
+    EXPECT_EQ(notes()[0].content, "call back on Monday");
     EXPECT_EQ(callScreen(), "");
 }
 

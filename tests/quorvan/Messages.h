@@ -3,10 +3,18 @@
 
 #include "phone/foundation/Text.h"
 #include "platform/coregraphics/CGGeometry.h"
+#include "platform/foundation/NSDate.h"
 #include "platform/uikit/UITableView.h"
 
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
 #include <mutex>
+#include <sstream>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 /// What was heard since the last call, in order: "RECEIVER MESSAGE ARGUMENT...".
@@ -33,6 +41,9 @@ public:
         if (objc::isKind<NSString>(objc::borrow<objc::Object>(object))) {
             return '"' + phone::text(objc::borrow<NSString>(object)) + '"';
         }
+        if (objc::isKind<NSDate>(objc::borrow<objc::Object>(object))) {
+            return "a date";
+        }
         const std::string name = object_getClassName(object);
         if (!objc::isKind<UITableView>(objc::borrow<objc::Object>(object))) {
             return name;
@@ -41,6 +52,15 @@ public:
         return screen == nullptr ? "rows of nobody" : std::string("rows of ") + object_getClassName(screen);
     }
     static std::string described(objc::UInt word) { return std::to_string(word); }
+    static std::string described(SEL selector) { return sel_getName(selector); }
+    static std::string described(CGRect frame) {
+        std::ostringstream text;
+        text << frame.origin.x << ' ' << frame.origin.y << ' ' << frame.size.width << ' ' << frame.size.height;
+        return text.str();
+    }
+
+    /// From now on only what the library sends is written down, not what the platform tells itself.
+    static void hearTheLibraryAlone() { onlyTheLibrary = true; }
 
 private:
     template <objc::FixedString Name, objc::FixedString Selector, class R, class... A>
@@ -48,9 +68,9 @@ private:
         static inline R (*obey)(id, SEL, A...) = nullptr;
 
         static R hear(id self, SEL selector, A... arguments) {
-            std::string line = described(self) + " " + Selector.text;
-            ((line += " " + described(arguments)), ...);
-            {
+            if (!onlyTheLibrary || isOfTheLibrary(__builtin_return_address(0))) {
+                std::string line = described(self) + " " + Selector.text;
+                ((line += " " + described(arguments)), ...);
                 const std::lock_guard lock(mutex);
                 heard.push_back(line);
             }
@@ -70,6 +90,14 @@ private:
         }
     };
 
+    /// Code of no file that the system has loaded is the library's too: the phone maps libraries of the device's
+    /// format.
+    static bool isOfTheLibrary(void* code) {
+        Dl_info info;
+        return dladdr(code, &info) == 0 || std::string_view(info.dli_fname).ends_with("/Quorvan.dylib");
+    }
+
+    static inline bool onlyTheLibrary = false;
     static inline std::mutex mutex;
     static inline std::vector<std::string> heard;
 };

@@ -1,5 +1,7 @@
 #include "phone/notes/NotesFramework.h"
 #include "tests/quorvan/CallTest.h"
+#include "tests/quorvan/Overhear.h"
+#include "tests/quorvan/Screens.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +30,6 @@ TEST_F(NoteSaving, ATypedNoteStandsInTheStore) {
     const phone::NoteRow note = notes()[0];
     EXPECT_EQ(note.title, "milk");
     EXPECT_EQ(note.content, "milk\neggs");
-    EXPECT_EQ(note.body, "milk\neggs");
     EXPECT_EQ(note.summary, "milk\neggs");
     EXPECT_TRUE(note.isPlainText);
     EXPECT_EQ(note.store, "LOCAL_NOTES_ACCOUNT");
@@ -36,6 +37,19 @@ TEST_F(NoteSaving, ATypedNoteStandsInTheStore) {
     ASSERT_TRUE(note.created.has_value());
     EXPECT_DOUBLE_EQ(*note.created, phone::settings().now - 978307200);
     EXPECT_TRUE(isBackOnTheCallScreen());
+}
+
+TEST_F(NoteSaving, ALineBreakEndsTheTitleThoughAMarkFollowsIt) {
+    turnOn({2});
+    keepText("<string>milk\n\u0301eggs</string>", "<string>Title</string>");
+    start();
+    startNote();
+
+    done();
+
+    ASSERT_EQ(notes().size(), 1U);
+    EXPECT_EQ(notes()[0].title, "milk");
+    EXPECT_EQ(notes()[0].content, "milk\n\u0301eggs");
 }
 
 TEST_F(NoteSaving, ATitleIsPutBeforeTheText) {
@@ -50,7 +64,6 @@ TEST_F(NoteSaving, ATitleIsPutBeforeTheText) {
     ASSERT_EQ(notes().size(), 1U);
     EXPECT_EQ(notes()[0].title, "Shopping");
     EXPECT_EQ(notes()[0].content, "Shopping\nmilk\neggs");
-    EXPECT_EQ(notes()[0].body, "Shopping\nmilk\neggs");
     EXPECT_EQ(notes()[0].summary, "milk\neggs");
 }
 
@@ -64,7 +77,7 @@ TEST_F(NoteSaving, AnEmptyTitleFieldLeavesTheFirstLineAsTitle) {
 
     ASSERT_EQ(notes().size(), 1U);
     EXPECT_EQ(notes()[0].title, "milk");
-    EXPECT_EQ(notes()[0].body, "milk\neggs");
+    EXPECT_EQ(notes()[0].content, "milk\neggs");
 }
 
 TEST_F(NoteSaving, ATitleTypedBeforeItsSwitchWasTurnedOffIsNotUsed) {
@@ -79,7 +92,7 @@ TEST_F(NoteSaving, ATitleTypedBeforeItsSwitchWasTurnedOffIsNotUsed) {
 
     ASSERT_EQ(notes().size(), 1U);
     EXPECT_EQ(notes()[0].title, "milk");
-    EXPECT_EQ(notes()[0].body, "milk\neggs");
+    EXPECT_EQ(notes()[0].content, "milk\neggs");
 }
 
 TEST_F(NoteSaving, ATextThatBeginsWithALineBreakHasAnEmptyTitle) {
@@ -91,7 +104,7 @@ TEST_F(NoteSaving, ATextThatBeginsWithALineBreakHasAnEmptyTitle) {
 
     ASSERT_EQ(notes().size(), 1U);
     EXPECT_EQ(notes()[0].title, "");
-    EXPECT_EQ(notes()[0].body, "\nmilk");
+    EXPECT_EQ(notes()[0].content, "\nmilk");
 }
 
 TEST_F(NoteSaving, ThePlaceholderAloneIsNotSaved) {
@@ -177,7 +190,7 @@ TEST_F(NoteSaving, DoneResetsTheKeptTextToTheLiteralPlaceholdersInEveryLanguage)
     done();
 
     ASSERT_EQ(notes().size(), 1U);
-    EXPECT_EQ(notes()[0].body, "Milch");
+    EXPECT_EQ(notes()[0].content, "Milch");
     EXPECT_EQ(keptText(), "  Note|Title");
     EXPECT_EQ(writesOfKeptText(), 1U);
 }
@@ -245,7 +258,7 @@ TEST_F(NoteSaving, TextOfEveryScriptIsSavedAsTyped) {
     done();
 
     ASSERT_EQ(notes().size(), 1U);
-    EXPECT_EQ(notes()[0].body, "Grüße, 你好 👩‍👩‍👧 é");
+    EXPECT_EQ(notes()[0].content, "Grüße, 你好 👩‍👩‍👧 é");
 }
 
 class Cancelling : public NoteSaving {};
@@ -273,6 +286,17 @@ TEST_F(Cancelling, WithTheSwitchOnKeepsTheTextWithTwoWrites) {
 
     EXPECT_EQ(keptText(), "milk\neggs|Title");
     EXPECT_EQ(writesOfKeptText(), 2U);
+}
+
+TEST_F(Cancelling, ReadsTheTextOnceForBothWrites) {
+    turnOn({2});
+    start();
+    startNote();
+    overhear<"UITextView", "text", id>();
+
+    run([] { screenAt(0).send<"cancel:">(UIViewController()); }); // nothing else reads it meanwhile
+
+    EXPECT_EQ(heard().size(), 1U);
 }
 
 TEST_F(Cancelling, KeepsTheTitleToo) {

@@ -1,4 +1,5 @@
 #include "tests/quorvan/CallTest.h"
+#include "tests/quorvan/Overhear.h"
 
 #include <gtest/gtest.h>
 
@@ -134,6 +135,19 @@ TEST_F(NoteScreen, ShowsTheAccountRow) {
     EXPECT_EQ(attribute(value.parent(), "frame"), "125 8 150 28");
 }
 
+TEST_F(NoteScreen, TheAccountRowsNameIsTheOnlyOneToReadAccount) {
+    start();
+    startCall();
+    openSheet();
+    overhear<"UILabel", "setText:", void, id>();
+
+    openNote();
+
+    const auto names = heardOf({"UILabel setText: Account"});
+    EXPECT_EQ(names.size(), heardOf({"UILabel setText: Default"}).size());
+    EXPECT_FALSE(names.empty());
+}
+
 TEST_F(NoteScreen, ClearsThePlaceholderWhenTheTextIsTouched) {
     start();
     startNote();
@@ -261,7 +275,7 @@ TEST_F(NoteScreen, StaysUsableWithoutPictures) {
     done();
 
     ASSERT_EQ(notes().size(), 1U);
-    EXPECT_EQ(notes()[0].body, "milk");
+    EXPECT_EQ(notes()[0].content, "milk");
 }
 
 TEST_F(NoteScreen, TheTextIsNeverCorrectedOrRefused) {

@@ -1,3 +1,4 @@
+#include "platform/uikit/UIDatePicker.h"
 #include "tests/quorvan/CallTest.h"
 
 #include <gtest/gtest.h>
@@ -85,19 +86,56 @@ TEST_F(ReminderDateChooser, LeftAtOnceTakesThePresentMoment) {
     EXPECT_EQ(saved.alarms[0].moment, phone::settings().now); // the seconds are the picker's
 }
 
+TEST_F(ReminderDateChooser, ItsTextHasTheSameDigitsInEveryLanguage) {
+    start({.language = "ar"});
+    startReminder();
+    open();
+
+    goBack();
+
+    EXPECT_EQ(shownDate(), "05/03 15:37");
+}
+
+TEST_F(ReminderDateChooser, ItsTextReadsTheSameOnAClockOfTwelveHours) {
+    useTwelveHoursAgainstTheRegion();
+    start();
+    startReminder();
+    open();
+
+    goBack();
+
+    EXPECT_EQ(shownDate(), "05/03 15:37");
+}
+
+TEST_F(ReminderDateChooser, ItsWheelsTellAScreenThatIsGoneNothing) {
+    start();
+    startReminder();
+    open();
+    const auto wheels = liveView<UIDatePicker>();
+    ASSERT_TRUE(wheels);
+    goBack();
+
+    run([&] {
+        wheels.setDate(NSDate::withSinceReferenceDate(0));
+        wheels.sendActions(UIControlEventValueChanged);
+    });
+
+    EXPECT_EQ(drawnValue(0, 1), "05/03 15:37");
+}
+
 TEST_F(ReminderDateChooser, TakesTheDateThatItsWheelsShow) {
     start();
     startReminder();
     typeNote("milk");
     open();
 
-    pickDate("2026-03-05T14:07");
+    pickDate("2026-03-05T16:07");
     goBack();
 
-    EXPECT_EQ(shownDate(), "05/03 14:07");
+    EXPECT_EQ(shownDate(), "05/03 16:07");
     done();
     ASSERT_EQ(reminders().size(), 1U);
-    EXPECT_EQ(reminders()[0].item.due, (phone::CalendarDate{2026, 3, 5, 14, 7, 0, false, ""}));
+    EXPECT_EQ(reminders()[0].item.due, (phone::CalendarDate{2026, 3, 5, 16, 7, 0, false, ""}));
 }
 
 TEST_F(ReminderDateChooser, TakesEveryTurnOfTheWheelsAtOnce) {

@@ -1,5 +1,6 @@
 // How the lists come from the store into the chooser's file, and from there into its rows.
 
+#include "tests/quorvan/Overhear.h"
 #include "tests/quorvan/ReminderListTest.h"
 
 namespace {
@@ -7,7 +8,12 @@ namespace {
 using phone::Access;
 using Texts = std::vector<std::string>;
 
-class ReminderListFiles : public ReminderListTest {};
+class ReminderListFiles : public ReminderListTest {
+protected:
+    /// What another program may have put in the place of the identifiers.
+    const std::string foreign =
+        "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>A</string></array></plist>";
+};
 
 } // namespace
 
@@ -130,8 +136,6 @@ TEST_F(ReminderListFiles, NeverLeavesAFileOfIdentifiers) {
 }
 
 TEST_F(ReminderListFiles, LeavesAFileOfIdentifiersOfAnotherProgramAlone) {
-    const std::string foreign =
-        "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>A</string></array></plist>";
     write(identifiersFile(), foreign);
     useReminders(Access::Allow);
     start();
@@ -146,6 +150,114 @@ TEST_F(ReminderListFiles, LeavesAFileOfIdentifiersOfAnotherProgramAlone) {
     EXPECT_EQ(read(identifiersFile()), foreign);
     ASSERT_EQ(reminders().size(), 1U);
     EXPECT_EQ(reminders()[0].list, "Shopping");
+}
+
+TEST_F(ReminderListFiles, WithoutAnyListLeavesNoFileOfIdentifiersEither) {
+    useReminders(Access::Allow, {});
+    start();
+    startReminder();
+
+    openTwice();
+
+    EXPECT_FALSE(exists(identifiersFile()));
+}
+
+TEST_F(ReminderListFiles, WithoutAnyListLeavesAFileOfIdentifiersOfAnotherProgramAlone) {
+    write(identifiersFile(), foreign);
+    useReminders(Access::Allow, {});
+    start();
+    startReminder();
+
+    openTwice();
+
+    EXPECT_EQ(read(identifiersFile()), foreign);
+}
+
+TEST_F(ReminderListFiles, AListWithoutATitleHasARowAndKeepsItsPlace) {
+    static int asked = 0;
+    static objc::Global<NSString> titled;
+    useReminders(Access::Allow);
+    start();
+    startReminder();
+    typeNote("milk");
+    titled = "titled"_ns;
+    phone::correct<"title">(
+        objc_getClass("EKCalendar"), +[](id, SEL) { return asked++ == 1 ? id(nullptr) : titled.get().raw(); });
+
+    open();
+    EXPECT_EQ(titles(), (Texts{"titled", "", "titled"}));
+    goBack();
+    open();
+    touchAndWait(chooser().select_node(".//*[@row='0,2']").node());
+    goBack();
+    done();
+
+    ASSERT_EQ(reminders().size(), 1U);
+    EXPECT_EQ(reminders()[0].list, "Work");
+}
+
+TEST_F(ReminderListFiles, AnotherChooserMadeWhileTheTitlesAreReadCutsNothingOff) {
+    static IMP title = nullptr;
+    expectLogged("offMainThread"); // the test's own chooser
+    useReminders(Access::Allow);
+    useEvents(Access::Deny);
+    start();
+    startCall();
+    openSheet();
+    openEvent();
+    touchAndWait("Calendar"); // from now on its class exists
+    goBack();
+    cancel();
+    openSheet();
+    openReminder();
+    title = class_getMethodImplementation(objc_getClass("EKCalendar"), objc::selector<"title">());
+    phone::correct<"title">(
+        objc_getClass("EKCalendar"), +[](id self, SEL selector) -> id {
+            const Class other = objc_getClass("EventCalendar"); // takes over what both choosers share
+            objc::Object::release(objc::detail::call<id>(reinterpret_cast<id>(other), objc::selector<"new">()));
+            return title(self, selector);
+        });
+
+    open();
+
+    EXPECT_EQ(titles(), (Texts{"Tasks", "Shopping", "Work"}));
+}
+
+TEST_F(ReminderListFiles, HasItsArrayOfTitlesBeforeItAsks) {
+    useReminders(Access::Allow);
+    start();
+    startReminder();
+    overhearClass<"NSMutableArray", "alloc", id>();
+    overhear<"EKEventStore", "init", id>();
+    overhear<"EKEventStore", "requestAccessToEntityType:completion:", void, objc::UInt, void*>();
+
+    open();
+
+    const auto store = std::find(heard().begin(), heard().end(), "EKEventStore init");
+    ASSERT_NE(store, heard().end());
+    const auto asks = std::find(store, heard().end(), "EKEventStore requestAccessToEntityType:completion: 1 set");
+    EXPECT_EQ(asks - store, 3) << "one array for the titles, one for the calendars fetched before";
+}
+
+TEST_F(ReminderListFiles, AChooserThatTheSystemDoesNotMakeAsksForNothing) {
+    useReminders(Access::Allow);
+    start();
+    startReminder();
+    open(); // from now on its class exists
+    goBack();
+    const std::size_t asked = log("store").size();
+    phone::correct<"initWithNibName:bundle:">(
+        objc_getClass("UIViewController"), +[](id self, SEL, id, id) -> id {
+            objc::Object::release(self);
+            return nullptr;
+        });
+
+    run([] {
+        const Class chooser = objc_getClass("ReminderList");
+        EXPECT_EQ(objc::detail::call<id>(reinterpret_cast<id>(chooser), objc::selector<"new">()), nullptr);
+    });
+
+    EXPECT_EQ(log("store").size(), asked);
 }
 
 TEST_F(ReminderListFiles, SendsTheStoreItsMessagesInOrder) {

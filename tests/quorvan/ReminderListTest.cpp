@@ -1,4 +1,5 @@
 #include "tests/quorvan/ReminderListTest.h"
+#include "platform/uikit/UITableView.h"
 
 namespace {
 
@@ -140,6 +141,19 @@ TEST_F(ReminderListChooser, MovesTheCheckmarkToTheRowTappedLast) {
     EXPECT_TRUE(chooser().select_nodes(".//*[@selected='true']").empty());
     goBack();
     EXPECT_EQ(shownValue(0), "Tasks");
+}
+
+TEST_F(ReminderListChooser, MarksTheRowInItsOwnTable) {
+    writeTitles({"Tasks", "Shopping", "Work"});
+    useReminders(Access::Allow);
+    start();
+    startReminder();
+    open();
+
+    const auto table = liveView<UITableView>();
+    run([&] { table.delegate().send<"tableView:didSelectRowAtIndexPath:">(UITableView(), NSIndexPath::forRow(1, 0)); });
+
+    EXPECT_EQ(marked(), Texts{"Shopping"});
 }
 
 TEST_F(ReminderListChooser, ShowsNoCheckmarkWhenItIsOpenedAgain) {

@@ -1,4 +1,5 @@
 #include "tests/quorvan/ReminderSavingTest.h"
+#include "tests/quorvan/Overhear.h"
 
 namespace {
 
@@ -255,4 +256,33 @@ TEST_F(ReminderSaving, WorksOnTheOlderApplication) {
     ASSERT_EQ(reminders().size(), 1U);
     EXPECT_EQ(saved().item.title, "Milch");
     EXPECT_FALSE(panel());
+}
+
+TEST_F(ReminderSaving, ReadsItsTextAgainToKnowWhetherThereIsAny) {
+    startTyped();
+    overhear<"UITextView", "text", id>();
+    overhear<"EKCalendarItem", "setTitle:", void, id>();
+    overhear<"EKEventStore", "saveReminder:commit:error:", unsigned char, id, objc::UInt, id*>();
+
+    done();
+
+    const auto title = std::find(heard().begin(), heard().end(), "EKReminder setTitle: milk");
+    ASSERT_NE(title, heard().end());
+    EXPECT_EQ(Texts(title, heard().end()), (Texts{"EKReminder setTitle: milk", "UITextView text",
+                                                  "EKEventStore saveReminder:commit:error: EKReminder 1 set"}));
+}
+
+TEST_F(ReminderSaving, TakesTheFieldsOfBothDatesBeforeThePriority) {
+    startTyped();
+    chooseDate("2026-03-06T09:00");
+    overhear<"NSCalendar", "components:fromDate:", id, objc::UInt, id>();
+    overhear<"EKReminder", "setPriority:", void, objc::Int>();
+
+    done();
+
+    EXPECT_EQ(heardOf({"EKReminder"}).size(), 1U);
+    ASSERT_GE(heard().size(), 3U);
+    EXPECT_TRUE(heard()[0].ends_with("components:fromDate: 124 NSGDate")) << heard()[0];
+    EXPECT_TRUE(heard()[1].ends_with("components:fromDate: 124 NSGDate")) << heard()[1];
+    EXPECT_EQ(heard()[2], "EKReminder setPriority: 0");
 }

@@ -1,4 +1,5 @@
 #include "tests/quorvan/ReminderScreenTest.h"
+#include "tests/quorvan/Overhear.h"
 
 namespace {
 
@@ -138,6 +139,30 @@ TEST_F(ReminderScreen, ARowShowsItsValueAndAnArrow) {
         EXPECT_EQ(attribute(shown.child("UILabel"), "textColor"), "#c0c0c0ff");
         EXPECT_EQ(attribute(shown.child("UIImageView"), "image"), "/Library/Quorvan/arrow.png");
     }
+}
+
+TEST_F(ReminderScreen, ARowsValueReadsAnotherWordUntilItsNameIsThere) {
+    start();
+    startCall();
+    openSheet();
+    overhear<"UILabel", "setText:", void, id>();
+
+    openReminder();
+
+    const Texts told = heardOf({"UILabel setText:"});
+    const auto row = std::find(told.begin(), told.end(), "UILabel setText: Remind me");
+    ASSERT_NE(row, told.end());
+    EXPECT_EQ(*(row - 1), "UILabel setText: Account");
+    EXPECT_EQ(*(row + 1), "UILabel setText: Never");
+}
+
+TEST_F(ReminderScreen, ValuesKeepTheFontThatLabelsHave) {
+    start();
+    useBoldLabels();
+
+    startReminder();
+
+    EXPECT_EQ(attribute(accessory(1).child("UILabel"), "font"), "system-bold 14");
 }
 
 TEST_F(ReminderScreen, ARowHidesThePanelUntilItsChooserIsLeft) {

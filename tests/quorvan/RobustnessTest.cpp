@@ -66,7 +66,7 @@ protected:
         typeNote(text);
         done();
         ASSERT_EQ(notes().size(), before + 1);
-        EXPECT_EQ(notes().back().body, text);
+        EXPECT_EQ(notes().back().content, text);
         EXPECT_FALSE(panel());
         EXPECT_TRUE(isVisible("mute")) << "the call screen is gone";
     }

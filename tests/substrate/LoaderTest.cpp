@@ -1,15 +1,29 @@
 #include "phone/substrate/Loader.h"
+#include "phone/applications/Boot.h"
+#include "platform/uikit/UIApplication.h"
 #include "tests/foundation/FoundationTest.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace {
-std::vector<std::string> recorded;
-}
 
+std::vector<std::string> recorded;
+objc::UInt windowsWhileLoading = 0;
+
+/// The name of the class that a library of this name defines while it is loaded.
+std::string className(const std::string& library) { return "LoaderTest" + library; }
+
+} // namespace
+
+/// What the constructor of each library calls.
 extern "C" __attribute__((visibility("default"))) void recordLoading(const char* path) {
-    recorded.push_back(std::filesystem::path(path).stem().string());
+    const std::string library = std::filesystem::path(path).stem().string();
+    recorded.push_back(library);
+    if (Class made = objc_allocateClassPair(objc::classOf<NSObject>(), className(library).c_str(), 0)) {
+        objc_registerClassPair(made);
+    }
+    windowsWhileLoading = objc::sendClass<UIApplication, "sharedApplication", UIApplication>().windows().count();
 }
 
 namespace phone {
@@ -43,15 +57,40 @@ protected:
 
 // Holds: load-order
 TEST_F(LoaderTest, LibrariesLoadInAlphabeticalOrder) {
-    install("Middle", "");
-    install("Zebra", "");
-    install("Apple", "");
+    Names names = {"K", "D", "I", "A", "H", "L", "C", "F", "B", "J", "G", "E"};
+    for (const std::string& name : names) {
+        install(name, "");
+    }
 
     const auto loaded = loadLibraries();
 
-    EXPECT_EQ(recorded, (Names{"Apple", "Middle", "Zebra"}));
-    EXPECT_EQ(loaded.front(), "/Library/MobileSubstrate/DynamicLibraries/Apple.dylib");
-    EXPECT_EQ(loaded.size(), 3u);
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(recorded, names);
+    EXPECT_EQ(loaded.front(), "/Library/MobileSubstrate/DynamicLibraries/A.dylib");
+    EXPECT_EQ(loaded.size(), names.size());
+}
+
+// Holds: load-order
+TEST_F(LoaderTest, WhatALibraryDefinesIsThereForLaterOnesAlone) {
+    const std::string asksForMiddle = "{ Filter = { Classes = ( " + className("Middle") + " ); }; }";
+    install("Apple", asksForMiddle);
+    install("Middle", "");
+    install("Zebra", asksForMiddle);
+
+    loadLibraries();
+
+    EXPECT_EQ(recorded, (Names{"Middle", "Zebra"}));
+}
+
+// Holds: load-order
+TEST_F(LoaderTest, LibrariesLoadBeforeTheApplicationHasAWindow) {
+    install("Early", "");
+
+    boot(settings());
+
+    EXPECT_EQ(recorded, Names{"Early"});
+    EXPECT_EQ(windowsWhileLoading, 0u);
+    EXPECT_GT(UIApplication::shared().windows().count(), 0u);
 }
 
 TEST_F(LoaderTest, AMissingFolderLoadsNothing) {

@@ -96,6 +96,7 @@ TEST_F(ProtocolTest, LaunchesForAPersonOfAnotherRegionWithHoursOfTheirOwn) {
     EXPECT_EQ(phone.status().settings.hours, "12");
     EXPECT_EQ(get("").at("locale"), "de_AT");
     EXPECT_EQ(get("").at("hours"), "12");
+    EXPECT_EQ(get("/wda/device/info").at("currentLocale"), "de_AT");
 
     begin({{"appium:locale", "CH"}, {"appium:hours", "24"}});
     EXPECT_EQ(get("").at("locale"), "de_CH");
