@@ -270,6 +270,7 @@ TEST_F(ReminderTest, ComponentsOfAnotherCalendarRaise) {
     EXPECT_TRUE(made.dueDateComponents());
 }
 
+// Trap: other-calendars-years
 // Holds: other-years-without-a-calendar
 TEST_F(ReminderTest, YearsOfAnotherCalendarPassWithoutItAndAreWrong) {
     const auto store = allowedStore();
