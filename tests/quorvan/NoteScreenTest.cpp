@@ -1,5 +1,6 @@
 #include "tests/quorvan/CallTest.h"
 #include "tests/quorvan/Overhear.h"
+#include "tests/quorvan/Screens.h"
 
 #include <gtest/gtest.h>
 
@@ -184,6 +185,21 @@ TEST_F(NoteScreen, RisesAboveTheKeyboardWhenTheTextIsTouched) {
     ASSERT_NE(move, moves.end());
     EXPECT_EQ(move->at("duration"), 0.27);
     EXPECT_EQ(move->at("curve"), 1);
+}
+
+TEST_F(NoteScreen, FollowsAKeyboardWhenItWasToldTo) {
+    start();
+    startNote();
+    overhear<"NoteController", "keyboardWasShown:", void, id>();
+    touchAndWait(noteText());
+    EXPECT_TRUE(heard().empty());
+    touchAndWait("Account");
+    goBack();
+    run([] { screenAt(0).send<"registerForKeyboardNotifications">(); });
+
+    touchAndWait(noteText());
+
+    EXPECT_EQ(heard().size(), 1U);
 }
 
 TEST_F(NoteScreen, RisesOnTheSmallerPhoneToo) {
